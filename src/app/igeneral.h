@@ -1,0 +1,10 @@
+#pragma once
+
+class Controller;
+
+class IGeneral
+{
+public:
+    virtual ~IGeneral() = default;
+    virtual void setController(Controller *controller) = 0;
+};

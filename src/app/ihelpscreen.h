@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+class IHelpScreen
+{
+public:
+    virtual ~IHelpScreen() = default;
+    virtual void setPage(QString page) = 0;
+};

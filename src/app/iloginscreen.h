@@ -1,0 +1,7 @@
+#pragma once
+
+class ILoginScreen
+{
+public:
+    virtual ~ILoginScreen() = default;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QWidget>
+
+// Base of every page of the main window.
+class PipeScreen : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit PipeScreen(QWidget *parent = nullptr);
+
+    // Called each time the page becomes the current one.
+    virtual void initialise();
+
+public slots:
+    void focusNextChild_slot();
+};

@@ -1,0 +1,134 @@
+#include "storage/storagebase.h"
+
+#include <QDebug>
+#include <QMutex>
+#include <QMutexLocker>
+
+namespace {
+const char *const kDisplayNames[StorageBase::kStorageCount] = {
+    "SD", "Internal Storage", "SSD0", "SSD1", "USB1", "USB2", "LOCAL", "NONE", "Cloud", "WinCan Web"};
+}
+
+StorageBase::StorageBase(QObject *parent) : QObject(parent) {}
+
+StorageBase *StorageBase::instance(QObject *parent)
+{
+    static QMutex mutex;
+    static StorageBase *theInstance = nullptr;
+    QMutexLocker lock(&mutex);
+    if (!theInstance)
+        theInstance = new StorageBase(parent);
+    return theInstance;
+}
+
+QStringList StorageBase::devices(bool all) const
+{
+    QStringList names;
+    for (int i = 0; i < kStorageCount; ++i) {
+        if (all || !storeage_paths[i].isEmpty())
+            names << QString::fromLatin1(kDisplayNames[i]);
+    }
+    return names;
+}
+
+QStringList StorageBase::paths(bool all) const
+{
+    QStringList result;
+    for (int i = 0; i < kStorageCount; ++i) {
+        if (all || !storeage_paths[i].isEmpty())
+            result << storeage_paths[i];
+    }
+    return result;
+}
+
+QString StorageBase::getPath(int index) const
+{
+    if (index < 0 || index >= kStorageCount)
+        return QString();
+    return storeage_paths[index];
+}
+
+QString StorageBase::nameToPath(const QString &name) const
+{
+    return getPath(nameToIndex(name));
+}
+
+int StorageBase::nameToIndex(const QString &name)
+{
+    if (name == QLatin1String("SD"))
+        return kStorageSD;
+    if (name == QLatin1String("USD") || name == QLatin1String("Internal Storage"))
+        return kStorageUSD;
+    if (name == QLatin1String("SSD") || name == QLatin1String("SSD0"))
+        return kStorageSSD;
+    if (name == QLatin1String("USB0") || name == QLatin1String("SSD1"))
+        return kStorageUSB0;
+    if (name == QLatin1String("USB1"))
+        return kStorageUSB1;
+    if (name == QLatin1String("USB2"))
+        return kStorageUSB2;
+    if (name == QLatin1String("LOCAL"))
+        return kStorageLOCAL;
+    if (name == QLatin1String("Cloud"))
+        return kStorageCLOUD;
+    if (name == QLatin1String("WinCan Web"))
+        return kStorageWINCANWEB;
+    return -1;
+}
+
+QString StorageBase::indexToName(int index)
+{
+    if (index < 0 || index >= kStorageCount)
+        return QString();
+    return QString::fromLatin1(kDisplayNames[index]);
+}
+
+int StorageBase::pathToIndex(const QString &path) const
+{
+    for (int i = 0; i < kStorageCount; ++i) {
+        if (storeage_paths[i] == path)
+            return i;
+    }
+    return -1;
+}
+
+bool StorageBase::isServer(const QString &name)
+{
+    return name == QLatin1String("Cloud") || name == QLatin1String("WinCan Web");
+}
+
+void StorageBase::unmountServers()
+{
+    for (int server : {kStorageCLOUD, kStorageWINCANWEB}) {
+        if (!storeage_paths[server].isEmpty())
+            handle_unmount(storeage_paths[server]);
+    }
+}
+
+void StorageBase::handle_mount(QString item, QString path)
+{
+    const int index = nameToIndex(item);
+    if (index < 0) {
+        qInfo() << "Unknown storage item" << item << "at" << path;
+        return;
+    }
+    if (isServer(item)) {
+        unmountServers();
+    } else if (!storeage_paths[index].isEmpty()) {
+        qInfo() << "Storage" << item << "already mounted at" << storeage_paths[index] << "- ignoring" << path;
+        return;
+    }
+    storeage_paths[index] = path;
+    emit storage_updated();
+}
+
+void StorageBase::handle_unmount(QString path)
+{
+    const int index = pathToIndex(path);
+    if (index < 0) {
+        qInfo() << "No storage mounted at" << path;
+        return;
+    }
+    storeage_paths[index].clear();
+    emit storage_updated();
+}
