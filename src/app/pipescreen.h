@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QLabel;
+
 // Base of every page of the main window.
 class PipeScreen : public QWidget
 {
@@ -14,4 +16,8 @@ public:
 
 public slots:
     void focusNextChild_slot();
+
+protected:
+    // The product logo, or the customer's own /opt/hbi/logo.png when the unit has one.
+    static void showProductLogo(QLabel *label);
 };

@@ -1,0 +1,3 @@
+#include "app/consolesettings.h"
+
+ConsoleSettings::ConsoleSettings() : QSettings(QStringLiteral("Corvane"), QStringLiteral("Ductline")) {}

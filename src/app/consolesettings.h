@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QSettings>
+
+// The console's settings file ("Corvane"/"Ductline"), opened at the place of use.
+// The explicit pair keeps the file where it is whatever the application's own
+// name and organisation are at the time.
+class ConsoleSettings : public QSettings
+{
+public:
+    ConsoleSettings();
+};

@@ -1,0 +1,735 @@
+#include "app/controller.h"
+
+#include "app/consolesettings.h"
+#include "app/iclock.h"
+#include "app/ihelpscreen.h"
+#include "app/imainwindow.h"
+#include "app/isplashscreen.h"
+#include "app/istatus.h"
+#include "app/ivideoscreen.h"
+#include "app/processcontroller.h"
+#include "app/unitpaths.h"
+#include "storage/storagebase.h"
+#include "survey/surveymanager.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QShortcut>
+#include <QStyle>
+#include <QTimer>
+#include <cmath>
+#include <cstdio>
+
+namespace {
+Controller *s_instance = nullptr;
+
+constexpr int kRunTimerMs = 60000;
+constexpr int kTiltBlankMs = 2000;
+constexpr int kShutdownDelayMs = 2000;
+constexpr int kProgressTickMs = 10;
+constexpr int kBacklightStep = 6;
+constexpr int kFramebufferWidth = 800;
+constexpr int kFramebufferHeight = 600;
+constexpr int kFramebufferBytes = kFramebufferWidth * kFramebufferHeight * 4;
+constexpr float kFeetPerMetre = 3.28f;
+constexpr double kCountsPerUnit = 40.0;
+const char kDefaultMeterage[] = "0.76";
+
+void logServiceAbsent(const char *service)
+{
+    qInfo() << service << "is not available in this build - going on without it";
+}
+} // namespace
+
+Controller *Controller::create(IMainWindow *window, QObject *parent)
+{
+    static QMutex mutex;
+    QMutexLocker lock(&mutex);
+    if (!s_instance)
+        s_instance = new Controller(window, parent);
+    return s_instance;
+}
+
+Controller *Controller::instance()
+{
+    return s_instance;
+}
+
+Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), m_window(window)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Harbinger Instruments Ltd"));
+    QCoreApplication::setApplicationName(QStringLiteral("Sewer Console"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("harbinger-instruments.co.uk"));
+
+    applyApplicationStyle();
+    runVgaScript();
+    createServices();
+
+    m_run_timer = new QTimer(this);
+    connect(m_run_timer, &QTimer::timeout, this, &Controller::updateRunTime);
+    m_run_timer->start(kRunTimerMs);
+
+    init_clock();
+    initialise_shortcuts();
+
+    m_tilt_timer = new QTimer(this);
+    connect(m_tilt_timer, &QTimer::timeout, this, &Controller::tilt_switch_timeout);
+
+    QMetaObject::invokeMethod(m_window->widget(), "setController", Q_ARG(Controller *, this));
+    m_window->selectScreen(kScreenSplash);
+    connect(this, SIGNAL(sendKeyPress(QKeyEvent &)), m_window->widget(), SLOT(handleComment(QKeyEvent &)));
+    logSystemVersion();
+    connect(SurveyManager::instance(), &SurveyManager::updateCounter, this, &Controller::setCounter);
+
+    logServiceAbsent("Wi-Fi");
+    logServiceAbsent("Audio");
+    init_micro();
+
+    m_startup_timer = new QTimer(this);
+    connect(m_startup_timer, &QTimer::timeout, this, &Controller::fake_start_up_progress);
+    m_startup_timer->start(kProgressTickMs);
+}
+
+Controller::~Controller()
+{
+    SurveyManager::instance()->handleAction(SurveyManager::kActionStop, 0);
+    delete m_quitShortcut;
+    delete m_tiltShortcut;
+    delete m_startup_timer;
+    delete m_tilt_timer;
+    if (s_instance == this)
+        s_instance = nullptr;
+}
+
+void Controller::applyApplicationStyle()
+{
+    m_settingsFilename = QCoreApplication::applicationDirPath() + QStringLiteral("/settings.ini");
+    QSettings styleSettings(m_settingsFilename, QSettings::IniFormat);
+    const QString style = styleSettings.value(QStringLiteral("Application/Style")).toString();
+    if (style.isEmpty()) {
+        if (QApplication::style())
+            styleSettings.setValue(QStringLiteral("Application/Style"), QApplication::style()->objectName());
+    } else if (QStyle *applied = QApplication::setStyle(style)) {
+        styleSettings.setValue(QStringLiteral("Application/Style"), applied->objectName());
+    }
+    styleSettings.sync();
+}
+
+void Controller::runVgaScript()
+{
+    const bool external = ConsoleSettings().value(QStringLiteral("Display/External_Enabled")).toBool();
+    m_process = new QProcess(this);
+    m_process->start(QStringLiteral("/bin/sh"),
+                     {unitPath(QStringLiteral("/opt/hbi/bin/vga_set.sh")),
+                      external ? QStringLiteral("start") : QStringLiteral("stop")});
+    m_process->waitForFinished(-1);
+}
+
+void Controller::createServices()
+{
+    logServiceAbsent("Camera controller");
+    process = ProcessController::instance(this);
+    storagebase = StorageBase::instance(this);
+    logServiceAbsent("External storage");
+    SurveyManager::instance(m_window->videoScreen(), this);
+}
+
+void Controller::logSystemVersion()
+{
+    QFile file(unitPath(QStringLiteral("/opt/hbi/version")));
+    QString version = QStringLiteral("missing");
+    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        const QByteArray line = file.readLine();
+        version = line.isEmpty() ? QStringLiteral("empty") : QString::fromUtf8(line).trimmed();
+    }
+    qInfo().noquote() << QStringLiteral("System Version = ") + version;
+}
+
+void Controller::init_clock()
+{
+    logServiceAbsent("Clock control");
+}
+
+void Controller::init_micro()
+{
+    logServiceAbsent("Power board link");
+}
+
+QShortcut *Controller::addShortcut(const QKeySequence &keys, const char *slot)
+{
+    auto *shortcut = new QShortcut(keys, m_window->widget());
+    shortcut->setContext(Qt::ApplicationShortcut);
+    connect(shortcut, SIGNAL(activated()), this, slot);
+    return shortcut;
+}
+
+void Controller::initialise_shortcuts()
+{
+    m_quitShortcut = addShortcut(QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_Q), SLOT(quit()));
+    m_tiltShortcut = addShortcut(QKeySequence(Qt::Key_F12), SLOT(tiltSwitch()));
+    m_time_display = addShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), SLOT(timeDisplay()));
+    m_date_display = addShortcut(QKeySequence(Qt::CTRL | Qt::Key_D), SLOT(dateDisplay()));
+    m_graphics_display = addShortcut(QKeySequence(Qt::CTRL | Qt::Key_G), SLOT(graphicsDisplay()));
+    m_set_counter = addShortcut(QKeySequence(Qt::CTRL | Qt::Key_M), SLOT(setCounterSC()));
+}
+
+void Controller::timeDisplay()
+{
+    emit timeShortcutTriggered();
+}
+
+void Controller::dateDisplay()
+{
+    emit dateShortcutTriggered();
+}
+
+void Controller::graphicsDisplay()
+{
+    emit graphicsShortcutTriggered();
+}
+
+void Controller::setCounterSC()
+{
+    emit setCounterShortcutTriggered();
+}
+
+void Controller::cameraControlDisplay()
+{
+    emit cameraShortcutTriggered();
+}
+
+// ---- Screens ---------------------------------------------------------------
+
+int Controller::currentScreen() const
+{
+    return m_window->screen();
+}
+
+void Controller::selectVideoScreen() { pushScreen(kScreenVideo); }
+void Controller::selectReportScreen() { pushScreen(kScreenReport); }
+void Controller::selectSettingsScreen() { pushScreen(kScreenSettings); }
+void Controller::selectDiagnosticsScreen() { pushScreen(kScreenDiagnostics); }
+void Controller::selectHelpScreen() { pushScreen(kScreenHelp); }
+void Controller::selectSiteInfoScreen() { pushScreen(kScreenSiteInfo); }
+void Controller::selectRunInfoScreen() { pushScreen(kScreenRunInfo); }
+void Controller::selectWCProjectInfoScreen() { pushScreen(kScreenWCProjectInfo); }
+void Controller::selectWCSectionInfoScreen() { pushScreen(kScreenWCSectionInfo); }
+void Controller::selectWCSectionInfoScreen2() { pushScreen(kScreenWCSectionInfo2); }
+void Controller::selectEngNoteScreen() { pushScreen(kScreenEngNote); }
+void Controller::selectWRCSiteInfoScreen() { pushScreen(kScreenWRCSiteInfo); }
+void Controller::selectWRCRunInfoScreen() { pushScreen(kScreenWRCRunInfo); }
+
+void Controller::pushScreen(int n)
+{
+    const int current = currentScreen();
+    if (current == n)
+        return;
+    if (configureScreen(n))
+        m_screenStack.push(current);
+}
+
+void Controller::popScreen()
+{
+    int n = kScreenVideo;
+    if (m_screenStack.isEmpty())
+        qInfo() << "Screen stack is empty";
+    else
+        n = m_screenStack.pop();
+    // The splash and login pages are never gone back to.
+    if (n < kScreenLogin || n > kScreenWRCRunInfo)
+        n = kScreenVideo;
+    if (n != currentScreen() && !configureScreen(n))
+        qInfo() << "Screen pop failed!!!!";
+}
+
+QString Controller::helpPageFor(const QString &firstPage, const QString &language) const
+{
+    if (firstPage.contains(language))
+        return firstPage;
+    const QString page = unitPath(QStringLiteral("/opt/hbi/languages/%1/help/index.html").arg(language));
+    if (QFile::exists(page))
+        return page;
+    return unitPath(QStringLiteral("/opt/hbi/languages/en-GB/help/index.html"));
+}
+
+bool Controller::configureScreen(int n)
+{
+    IVideoScreen *video = m_window->videoScreen();
+    const bool recording = video && video->isRecording();
+    switch (n) {
+    case kScreenSplash:
+    case kScreenLogin:
+        break;
+    case kScreenVideo:
+        SurveyManager::instance()->handleAction(SurveyManager::kActionStart, 0);
+        m_screenStack.clear();
+        break;
+    case kScreenReport:
+        if (recording) {
+            qInfo() << "Can't show report while recording!";
+            return false;
+        }
+        logServiceAbsent("Report manager");
+        break;
+    case kScreenHelp: {
+        ConsoleSettings settings;
+        const QString language = settings.value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString();
+        const QString page =
+            helpPageFor(settings.value(QStringLiteral("Help/FirstPage"), QStringLiteral("en-GB")).toString(), language);
+        settings.setValue(QStringLiteral("Help/FirstPage"), page);
+        if (IHelpScreen *help = m_window->helpScreen())
+            help->setPage(page);
+        break;
+    }
+    case kScreenSettings:
+    case kScreenDiagnostics:
+    case kScreenSiteInfo:
+    case kScreenRunInfo:
+    case kScreenWCProjectInfo:
+    case kScreenWCSectionInfo:
+    case kScreenWCSectionInfo2:
+    case kScreenEngNote:
+    case kScreenWRCSiteInfo:
+    case kScreenWRCRunInfo:
+        if (recording) {
+            qInfo() << "Can't select while recording!";
+            return false;
+        }
+        break;
+    default:
+        qInfo() << "Unrecognised screen value - ignoring";
+        return false;
+    }
+    m_window->selectScreen(n);
+    return true;
+}
+
+void Controller::setSettingsScreen(int tab)
+{
+    emit setActiveScreen(tab);
+}
+
+void Controller::reportUp()
+{
+    logServiceAbsent("Report manager");
+}
+
+void Controller::reportDown(int row)
+{
+    Q_UNUSED(row)
+    logServiceAbsent("Report manager");
+}
+
+// ---- Power board -------------------------------------------------------------
+
+void Controller::lampUp()
+{
+    logServiceAbsent("Power board link");
+}
+
+void Controller::lampDown()
+{
+    logServiceAbsent("Power board link");
+}
+
+void Controller::lampOff()
+{
+    logServiceAbsent("Power board link");
+}
+
+void Controller::backlightUp()
+{
+    setNewBacklight(m_backlight + kBacklightStep);
+}
+
+void Controller::backlightDown()
+{
+    setNewBacklight(m_backlight - kBacklightStep);
+}
+
+void Controller::setNewBacklight(int level)
+{
+    setBacklight(level);
+}
+
+void Controller::setBacklight(int level)
+{
+    m_backlight = level;
+    logServiceAbsent("Power board link");
+}
+
+void Controller::triggerBacklightUpdate()
+{
+    logServiceAbsent("Power board link");
+}
+
+void Controller::toggleSonde()
+{
+    logServiceAbsent("Camera controller");
+}
+
+void Controller::zeroCounter()
+{
+    logServiceAbsent("Power board link");
+}
+
+bool Controller::counterTextToCounts(const QString &text, float meterage, bool imperial, int *counts)
+{
+    bool ok = false;
+    float distance = text.toFloat(&ok);
+    if (!ok)
+        return false;
+    if (distance == 0.0f) {
+        *counts = 0;
+        return true;
+    }
+    if (imperial) {
+        // Feet with the inches written after the point: 32.10 is 32 ft 10 in.
+        const float whole = std::trunc(distance);
+        const float inches = distance - whole;
+        distance = (whole + inches / 0.12f) / kFeetPerMetre;
+    }
+    const float scaled = static_cast<float>(static_cast<int>(distance * kCountsPerUnit));
+    *counts = static_cast<int>(scaled / (2 * meterage));
+    return true;
+}
+
+float Controller::countsToDistance(long counts, float meterage, bool imperial)
+{
+    double distance = (2 * meterage / kCountsPerUnit) * counts;
+    if (imperial) {
+        distance *= kFeetPerMetre;
+        const double whole = std::trunc(distance);
+        distance = whole + (distance - whole) * 0.12;
+    }
+    return static_cast<float>(distance);
+}
+
+void Controller::setCounter()
+{
+    ConsoleSettings settings;
+    const QString text = settings.value(QStringLiteral("counter/text"), QStringLiteral("0.00")).toString();
+    const float meterage =
+        settings.value(QStringLiteral("Coiler/Meterage"), QString::fromLatin1(kDefaultMeterage)).toFloat();
+    const bool imperial = settings.value(QStringLiteral("Coiler/Imperial"), false).toBool();
+    int counts = 0;
+    if (!counterTextToCounts(text, meterage, imperial, &counts))
+        return;
+    Q_UNUSED(counts)
+    logServiceAbsent("Power board link");
+}
+
+float Controller::counter()
+{
+    ConsoleSettings settings;
+    m_coiler_meterage =
+        settings.value(QStringLiteral("Coiler/Meterage"), QString::fromLatin1(kDefaultMeterage)).toFloat();
+    const bool imperial = settings.value(QStringLiteral("Coiler/Imperial"), false).toBool();
+    return countsToDistance(0, m_coiler_meterage, imperial);
+}
+
+void Controller::setFGCalibration()
+{
+    logServiceAbsent("Power board link");
+}
+
+void Controller::clearLog()
+{
+    logServiceAbsent("Power board link");
+    if (IStatus *status = m_window->statusScreen())
+        status->clearFaults();
+}
+
+bool Controller::isNewPowerBoard(const QString &version)
+{
+    if (!version.contains(QLatin1Char('.')))
+        return false;
+    QString major = version.split(QLatin1Char('.')).first();
+    major.remove(QRegularExpression(QStringLiteral("[a-zA-Z]")));
+    bool ok = false;
+    const int number = major.toInt(&ok, 10);
+    return ok && number > 1;
+}
+
+void Controller::handlePowerBoardID(QString version)
+{
+    powerBoardType = isNewPowerBoard(version);
+    qInfo() << "Power board" << version << (powerBoardType ? "is new type" : "is old type");
+}
+
+void Controller::setMicroVersion(QString version)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setMicroVersion(version);
+    handlePowerBoardID(version);
+}
+
+void Controller::setBatteryVoltage(int millivolts)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setBatteryVoltage(millivolts);
+}
+
+void Controller::setBatteryCurrent(int milliamps)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setBatteryCurrent(static_cast<int16_t>(milliamps));
+}
+
+void Controller::setOverTempLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setOverTempLight(state);
+}
+
+void Controller::setUnderTempLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setUnderTempLight(state);
+}
+
+void Controller::setShockLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setShockLight(state);
+}
+
+void Controller::setHumLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setHumidityLight(state);
+}
+
+void Controller::setOverVoltLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setOverVoltLight(state);
+}
+
+void Controller::setUnderVoltLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setUnderVoltLight(state);
+}
+
+void Controller::setTamperLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setTamperLight(state);
+}
+
+void Controller::setServiceLight(int state)
+{
+    if (IStatus *status = m_window->statusScreen())
+        status->setServiceLight(state);
+}
+
+void Controller::setBatteryLevel(int level)
+{
+    if (IVideoScreen *video = m_window->videoScreen())
+        video->setBatteryLevel(level);
+}
+
+void Controller::setBatteryChargingStates(int state)
+{
+    if (IVideoScreen *video = m_window->videoScreen())
+        video->setChargingState(state);
+}
+
+void Controller::displayLampBrightness(int level)
+{
+    if (IVideoScreen *video = m_window->videoScreen())
+        video->displayLampBrightness(level * 100 / 255);
+}
+
+void Controller::displayBacklight(int level)
+{
+    qDebug() << "Backlight now" << level;
+}
+
+void Controller::handleOrientationChange(int x, int y, int z)
+{
+    qInfo().noquote() << QStringLiteral("new orientation = (%1, %2, %3)").arg(x).arg(y).arg(z);
+}
+
+int Controller::backlightForAmbientLight(int level)
+{
+    if (level < 64)
+        return 0x40;
+    if (level < 2048)
+        return 127;
+    if (level < 8192)
+        return 191;
+    return 255;
+}
+
+void Controller::handleAmbientLightChange(int level)
+{
+    if (m_lid_shut)
+        return;
+    setBacklight(backlightForAmbientLight(level));
+}
+
+void Controller::tiltSwitch()
+{
+    if (!ConsoleSettings().value(QStringLiteral("Backlight/Auto_Off")).toBool())
+        return;
+    setBacklight(0);
+    m_tilt_timer->setSingleShot(true);
+    m_tilt_timer->start(kTiltBlankMs);
+}
+
+void Controller::tilt_switch_timeout()
+{
+    triggerBacklightUpdate();
+}
+
+// ---- Start-up, run time, shutdown -------------------------------------------
+
+void Controller::fake_start_up_progress()
+{
+    const int count = m_progress++;
+    ISplashScreen *splash = m_window->splashScreen();
+    auto progress = [splash, count](const QString &text) {
+        if (splash)
+            splash->setProgress(text, count);
+    };
+
+    switch (count) {
+    case 0:
+        setBacklight(128);
+        break;
+    case 1:
+        triggerBacklightUpdate();
+        return;
+    case 10:
+        logServiceAbsent("Camera controller");
+        break;
+    case 30:
+        logServiceAbsent("External storage");
+        break;
+    case 100:
+        progress(tr("Done"));
+        m_startup_timer->stop();
+        m_startup_timer->deleteLater();
+        m_startup_timer = nullptr;
+        pushScreen(kScreenLogin);
+        return;
+    default:
+        break;
+    }
+    progress(count % 10 == 0 ? tr("Initialising") : QString());
+}
+
+void Controller::updateRunTime()
+{
+    ConsoleSettings settings;
+    const qlonglong seconds = settings.value(QStringLiteral("Time/Run"), QStringLiteral("0")).toLongLong();
+    settings.setValue(QStringLiteral("Time/Run"), QString::number(seconds + kRunTimerMs / 1000));
+    m_run_timer->start(kRunTimerMs);
+}
+
+void Controller::newTimeDate()
+{
+    qInfo() << "System time and date changed";
+    emit updateTimeDate();
+}
+
+void Controller::systemShutdown()
+{
+    qInfo() << "Shutdown Requested";
+    logServiceAbsent("Wi-Fi");
+    QTimer::singleShot(kShutdownDelayMs, this, &Controller::shutdown);
+    emit shutdownMessage();
+}
+
+void Controller::shutdown()
+{
+    qInfo() << "Lanthorn shutting down...";
+    QProcess script;
+    script.start(QStringLiteral("sudo"), {unitPath(QStringLiteral("/opt/hbi/bin/shutdown.sh"))});
+    script.waitForFinished(30000);
+    qInfo().noquote() << QString::fromLocal8Bit(script.readAllStandardOutput()).trimmed();
+}
+
+void Controller::quit()
+{
+    puts("Quit!\r");
+    SurveyManager::instance()->handleAction(SurveyManager::kActionStop, 0);
+    QCoreApplication::quit();
+}
+
+// ---- Miscellaneous -------------------------------------------------------------
+
+void Controller::takeScreenshot()
+{
+    QFile framebuffer(unitPath(QStringLiteral("/dev/fb0")));
+    QByteArray data;
+    if (framebuffer.open(QIODevice::ReadOnly))
+        data = framebuffer.readAll();
+    if (data.isEmpty()) {
+        qInfo().noquote() << QStringLiteral("No data read from:") + framebuffer.fileName();
+        return;
+    }
+    if (data.size() != kFramebufferBytes) {
+        qInfo().noquote() << QStringLiteral("Unexpected size ") + QString::number(data.size());
+        return;
+    }
+    QString folder;
+    for (const char *name : {"USB1", "USB2", "USB0"}) {
+        folder = storagebase->nameToPath(QString::fromLatin1(name));
+        if (!folder.isEmpty())
+            break;
+        qInfo().noquote() << QStringLiteral("No ") + QLatin1String(name);
+    }
+    if (folder.isEmpty())
+        return;
+    folder = unitPath(folder) + QStringLiteral("/screenshots");
+    QDir().mkpath(folder);
+    QString name = QDateTime::currentDateTime().toString(Qt::TextDate);
+    for (const char *separator : {" ", ":", ".", "-"})
+        name.replace(QString::fromLatin1(separator), QStringLiteral("_"));
+    const QImage image(reinterpret_cast<const uchar *>(data.constData()), kFramebufferWidth, kFramebufferHeight,
+                       QImage::Format_ARGB32);
+    const QString path = folder + QLatin1Char('/') + name + QStringLiteral(".png");
+    if (!image.save(path, "PNG"))
+        qInfo().noquote() << QStringLiteral("Save failed ") + path;
+}
+
+void Controller::showCameraSettings()
+{
+    cameraControlDisplay();
+}
+
+void Controller::clearBuffers()
+{
+    qInfo() << "Clearing buffers";
+    emit clearAllBuffers();
+}
+
+void Controller::handleComment(QKeyEvent &event)
+{
+    emit sendKeyPress(event);
+}
+
+void Controller::batteryTest()
+{
+    m_batteryTestLevel = (m_batteryTestLevel + 10) % 110;
+    setBatteryLevel(m_batteryTestLevel);
+}
+
+void Controller::batteryStateTest()
+{
+    m_batteryTestState = (m_batteryTestState + 1) % 4;
+    setBatteryChargingStates(m_batteryTestState);
+}

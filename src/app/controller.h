@@ -1,0 +1,189 @@
+#pragma once
+
+#include <QObject>
+#include <QStack>
+#include <QString>
+
+class IMainWindow;
+class ProcessController;
+class StorageBase;
+class ClockControl;
+class QKeyEvent;
+class QProcess;
+class QShortcut;
+class QTimer;
+
+// The process-wide centre: owns the instrument link and long-lived services,
+// walks start-up, holds the stack of screens and its rules, forwards power-board
+// events to the screens and carries out shutdown.
+class Controller : public QObject
+{
+    Q_OBJECT
+public:
+    enum Screen {
+        kScreenSplash = 0,
+        kScreenLogin = 1,
+        kScreenVideo = 2,
+        kScreenReport = 3,
+        kScreenSettings = 4,
+        kScreenDiagnostics = 5,
+        kScreenHelp = 6,
+        kScreenSiteInfo = 7,
+        kScreenRunInfo = 8,
+        kScreenWCProjectInfo = 9,
+        kScreenWCSectionInfo = 10,
+        kScreenWCSectionInfo2 = 11,
+        kScreenEngNote = 12,
+        kScreenWRCSiteInfo = 13,
+        kScreenWRCRunInfo = 14,
+    };
+
+    static Controller *create(IMainWindow *window, QObject *parent);
+    static Controller *instance();
+    ~Controller() override;
+
+    QString settingsFile() const { return m_settingsFilename; }
+    bool getPowerBoardID() const { return powerBoardType; }
+    int currentScreen() const;
+    QStack<int> screenStack() const { return m_screenStack; }
+
+    // Distance arithmetic of the coiler counter: the board counts encoder pulses,
+    // the operator sees metres, or feet with the inches written as the fraction.
+    static bool counterTextToCounts(const QString &text, float meterage, bool imperial, int *counts);
+    static float countsToDistance(long counts, float meterage, bool imperial);
+    // Old (false) or new (true) power board, from the version text it reports.
+    static bool isNewPowerBoard(const QString &version);
+    // The backlight level the ambient light sensor's reading calls for.
+    static int backlightForAmbientLight(int level);
+
+signals:
+    void counterSelected(bool);
+    void shutdownMessage();
+    void clearAllBuffers();
+    void updateTimeDate();
+    void timeShortcutTriggered();
+    void dateShortcutTriggered();
+    void cameraShortcutTriggered();
+    void graphicsShortcutTriggered();
+    void setCounterShortcutTriggered();
+    void sendKeyPress(QKeyEvent &event);
+    void setActiveScreen(int);
+    void shutdownWiFi();
+
+public slots:
+    void selectVideoScreen();
+    void selectReportScreen();
+    void selectSettingsScreen();
+    void selectDiagnosticsScreen();
+    void selectHelpScreen();
+    void selectSiteInfoScreen();
+    void selectRunInfoScreen();
+    void selectWCProjectInfoScreen();
+    void selectWCSectionInfoScreen();
+    void selectWCSectionInfoScreen2();
+    void selectEngNoteScreen();
+    void selectWRCSiteInfoScreen();
+    void selectWRCRunInfoScreen();
+    void pushScreen(int n);
+    void popScreen();
+    void setSettingsScreen(int tab);
+    void reportUp();
+    void reportDown(int row);
+
+    void lampUp();
+    void lampDown();
+    void lampOff();
+    void backlightUp();
+    void backlightDown();
+    void setNewBacklight(int level);
+    void toggleSonde();
+    void zeroCounter();
+    void setCounter();
+    float counter();
+    void setFGCalibration();
+    void clearLog();
+    void takeScreenshot();
+    void showCameraSettings();
+    void clearBuffers();
+    void handleComment(QKeyEvent &event);
+
+    // From the power board.
+    void setBatteryVoltage(int millivolts);
+    void setBatteryCurrent(int milliamps);
+    void setOverTempLight(int state);
+    void setUnderTempLight(int state);
+    void setShockLight(int state);
+    void setHumLight(int state);
+    void setOverVoltLight(int state);
+    void setUnderVoltLight(int state);
+    void setTamperLight(int state);
+    void setServiceLight(int state);
+    void setBatteryLevel(int level);
+    void setBatteryChargingStates(int state);
+    void displayLampBrightness(int level);
+    void displayBacklight(int level);
+    void setMicroVersion(QString version);
+    void handlePowerBoardID(QString version);
+    void handleOrientationChange(int x, int y, int z);
+    void handleAmbientLightChange(int level);
+    void systemShutdown();
+    void shutdown();
+
+    void fake_start_up_progress();
+    void tiltSwitch();
+    void tilt_switch_timeout();
+    void updateRunTime();
+    void newTimeDate();
+    void quit();
+
+    // Bench-test helpers: nothing connects them.
+    void batteryTest();
+    void batteryStateTest();
+
+private slots:
+    void timeDisplay();
+    void dateDisplay();
+    void graphicsDisplay();
+    void setCounterSC();
+    void cameraControlDisplay();
+
+private:
+    Controller(IMainWindow *window, QObject *parent);
+
+    bool configureScreen(int n);
+    void applyApplicationStyle();
+    void runVgaScript();
+    void createServices();
+    void logSystemVersion();
+    void init_clock();
+    void init_micro();
+    void initialise_shortcuts();
+    QShortcut *addShortcut(const QKeySequence &keys, const char *slot);
+    void setBacklight(int level);
+    void triggerBacklightUpdate();
+    QString helpPageFor(const QString &firstPage, const QString &language) const;
+
+    ProcessController *process = nullptr;
+    StorageBase *storagebase = nullptr;
+    QTimer *m_startup_timer = nullptr;
+    QTimer *m_tilt_timer = nullptr;
+    QTimer *m_run_timer = nullptr;
+    IMainWindow *m_window = nullptr;
+    QString m_settingsFilename;
+    int m_backlight = 0;
+    QStack<int> m_screenStack;
+    ClockControl *m_clock = nullptr;
+    bool m_lid_shut = false;
+    QShortcut *m_quitShortcut = nullptr;
+    QShortcut *m_tiltShortcut = nullptr;
+    QShortcut *m_time_display = nullptr;
+    QShortcut *m_date_display = nullptr;
+    QShortcut *m_graphics_display = nullptr;
+    QShortcut *m_set_counter = nullptr;
+    float m_coiler_meterage = 0.76f;
+    QProcess *m_process = nullptr;
+    bool powerBoardType = false;
+    int m_progress = 0;
+    int m_batteryTestLevel = 0;
+    int m_batteryTestState = 0;
+};

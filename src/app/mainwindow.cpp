@@ -1,0 +1,399 @@
+#include "app/mainwindow.h"
+
+#include "app/controller.h"
+#include "app/ivideoscreen.h"
+#include "app/login.h"
+#include "app/pipescreen.h"
+#include "app/splash.h"
+#include "app/uikeys.h"
+#include "app/unitpaths.h"
+#include "settings/settings.h"
+#include "survey/surveymanager.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDebug>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QStackedWidget>
+
+namespace {
+constexpr int kWindowWidth = 800;
+constexpr int kWindowHeight = 600;
+constexpr int kZeroCounterHoldEvents = 7;
+// The screen whose text is kept when it is shown again.
+constexpr int kEngineersNotesPage = Controller::kScreenEngNote;
+
+SurveyManager *survey()
+{
+    return SurveyManager::instance();
+}
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent),
+      upevent(QEvent::KeyPress, Ui::Key_LampUp, Qt::NoModifier),
+      downevent(QEvent::KeyPress, Ui::Key_LampDown, Qt::NoModifier),
+      stopevent(QEvent::KeyRelease, Ui::Key_MediaStop, Qt::NoModifier),
+      recevent(QEvent::KeyRelease, Ui::Key_MediaRecord, Qt::NoModifier),
+      coilevent(QEvent::KeyPress, Ui::Key_ZeroCounter, Qt::ControlModifier),
+      streamstartevent(QEvent::KeyRelease, Ui::Key_Rotate, Qt::ControlModifier),
+      streamstopevent(QEvent::KeyRelease, 83, Qt::ControlModifier),
+      okevent(QEvent::KeyRelease, Qt::Key_Enter, Qt::NoModifier),
+      key_press(QEvent::KeyRelease, Qt::Key_F25, Qt::NoModifier),
+      port(QStringLiteral("8081")),
+      ip(QStringLiteral("192.168.1.100"))
+{
+    QElapsedTimer setupTime;
+    setupTime.start();
+    buildPages();
+    qInfo() << "Screens built in" << setupTime.elapsed() << "ms";
+
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
+    setFixedSize(kWindowWidth, kWindowHeight);
+    setWindowTitle(QStringLiteral("Corvane - Sewer Console"));
+    qInfo() << "Mobile app link is not available in this build - going on without it";
+
+    QProcess fbset;
+    fbset.start(unitPath(QStringLiteral("/usr/sbin/fbset")), {QStringLiteral("srd10")});
+    fbset.waitForFinished(-1);
+
+    connect(qApp, &QApplication::focusChanged, this, &MainWindow::focusChanged);
+}
+
+MainWindow::~MainWindow()
+{
+    delete Controller::instance();
+}
+
+PipeScreen *MainWindow::addPage(PipeScreen *page)
+{
+    m_stack->addWidget(page);
+    return page;
+}
+
+PipeScreen *MainWindow::addPlaceholderPage(const QString &whatsThis)
+{
+    auto *page = new PipeScreen(m_stack);
+    page->setWhatsThis(whatsThis);
+    return addPage(page);
+}
+
+void MainWindow::buildPages()
+{
+    m_stack = new QStackedWidget(this);
+    setCentralWidget(m_stack);
+    m_splash = new Splash(m_stack);
+    addPage(m_splash);
+    m_login = new Login(m_stack);
+    addPage(m_login);
+    m_video = addPlaceholderPage(QStringLiteral("Main screen"));
+    m_report = addPlaceholderPage(QStringLiteral("Report Screen"));
+    m_settings = new Settings(m_stack);
+    addPage(m_settings);
+    m_diagnostics = addPlaceholderPage(QStringLiteral("Diagnostics"));
+    m_help = addPlaceholderPage(QStringLiteral("Help Screen"));
+    m_siteInfo = addPlaceholderPage(QStringLiteral("Site Info Screen"));
+    m_runInfo = addPlaceholderPage(QStringLiteral("Run Info Screen"));
+    m_wcProjectInfo = addPlaceholderPage(QStringLiteral("WinCan Project Info Screen"));
+    m_wcSectionInfo = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen"));
+    m_wcSectionInfoPage2 = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen 2"));
+    m_engNote = addPlaceholderPage(QStringLiteral("Engineers Note Screen"));
+    m_wrcSiteInfo = addPlaceholderPage(QStringLiteral("WRC Site Info Screen"));
+    m_wrcRunInfo = addPlaceholderPage(QStringLiteral("WRC Run Info Screen"));
+}
+
+void MainWindow::setController(Controller *controller)
+{
+    m_control = controller;
+    m_splash->setController(controller);
+    m_login->setController(controller);
+}
+
+int MainWindow::pageCount() const
+{
+    return m_stack->count();
+}
+
+PipeScreen *MainWindow::page(int n) const
+{
+    return qobject_cast<PipeScreen *>(m_stack->widget(n));
+}
+
+void MainWindow::selectScreen(int n)
+{
+    if (n < 0 || n >= m_stack->count())
+        return;
+    m_stack->setCurrentIndex(n);
+    PipeScreen *current = page(n);
+    setWindowTitle(current->whatsThis());
+    qInfo().noquote() << QStringLiteral("Screen %1: %2").arg(n).arg(current->whatsThis());
+    // The engineer's notes keep what was typed when the page is shown again.
+    if (n != kEngineersNotesPage)
+        current->initialise();
+}
+
+int MainWindow::screen()
+{
+    return m_stack->currentIndex();
+}
+
+ISplashScreen *MainWindow::splashScreen() { return m_splash; }
+ILoginScreen *MainWindow::loginScreen() { return m_login; }
+IReportScreen *MainWindow::reportScreen() { return nullptr; }
+IVideoScreen *MainWindow::videoScreen() { return dynamic_cast<IVideoScreen *>(m_video); }
+IHelpScreen *MainWindow::helpScreen() { return nullptr; }
+IStatus *MainWindow::statusScreen() { return m_settings->statusScreen(); }
+IClock *MainWindow::clockScreen() { return m_settings->clockScreen(); }
+
+bool MainWindow::currentPageIsOneOf(std::initializer_list<PipeScreen *> pages) const
+{
+    QWidget *current = m_stack->currentWidget();
+    for (PipeScreen *candidate : pages) {
+        if (candidate == current)
+            return true;
+    }
+    return false;
+}
+
+// ---- Keys -----------------------------------------------------------------------
+
+void MainWindow::handleSurveyKeyPress(QKeyEvent *event)
+{
+    if (!event->isAutoRepeat()) {
+        Ostra_count = 1;
+        return;
+    }
+    if (Ostra_count == 0)
+        return;
+    if (++Ostra_count > OstraPressTime) {
+        // A long press links the mobile app instead of opening the survey menu.
+        if (IVideoScreen *video = videoScreen())
+            video->keyPressEvent(&key_press);
+        qInfo() << "Mobile app link is not available in this build";
+        Ostra_count = 0;
+    }
+}
+
+void MainWindow::handleZeroCounterPress(QKeyEvent *event)
+{
+    if (event->modifiers() & Qt::ControlModifier) {
+        survey()->handleAction(SurveyManager::kActionResetCounter, 0);
+        return;
+    }
+    // Zeroing the distance needs a deliberate hold; a tap does nothing.
+    if (!event->isAutoRepeat()) {
+        m_zeroCounterCount = 1;
+        return;
+    }
+    if (m_zeroCounterCount == 0)
+        return;
+    if (++m_zeroCounterCount > kZeroCounterHoldEvents) {
+        survey()->handleAction(SurveyManager::kActionResetCounter, 0);
+        qInfo() << "Reset meterage counter";
+        m_zeroCounterCount = 0;
+    }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    const Qt::KeyboardModifiers mods = event->modifiers();
+    if (!m_control) {
+        QMainWindow::keyPressEvent(event);
+        return;
+    }
+    if (key == Ui::Key_Help) {
+        m_control->selectHelpScreen();
+        return;
+    }
+    if (key == Ui::Key_Survey)
+        handleSurveyKeyPress(event);
+    // Survey falls through to the counter-mode row on purpose: Shift with the
+    // survey key also puts the lamp out.
+    if (key == Ui::Key_Survey || key == Ui::Key_CounterMode) {
+        if (mods & Qt::ShiftModifier)
+            m_control->lampOff();
+    } else if (key == Ui::Key_LampOff) {
+        m_control->lampOff();
+    } else if ((key == Ui::Key_Report && (mods & Qt::ShiftModifier)) || key == Ui::Key_LampDown) {
+        m_control->lampDown();
+    } else if (key == Ui::Key_LampUp) {
+        m_control->lampUp();
+    } else if ((key == Ui::Key_F1 && (mods & Qt::ShiftModifier)) || key == Ui::Key_ZeroCounter) {
+        handleZeroCounterPress(event);
+    }
+}
+
+bool MainWindow::handleShiftedRelease(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Insert:
+    case Ui::Key_Sonde:
+        if (event->modifiers() & Qt::AltModifier)
+            m_control->takeScreenshot();
+        else
+            survey()->takeSnapshot(true);
+        return true;
+    case Ui::Key_Survey:
+        survey()->handleAction(SurveyManager::kActionPause, 0);
+        return true;
+    case Ui::Key_WinCan:
+        survey()->handleAction(SurveyManager::kActionRecord, 0);
+        return true;
+    case Ui::Key_Style:
+        survey()->handleAction(SurveyManager::kActionPlay, 0);
+        return true;
+    case Ui::Key_Size:
+        survey()->handleAction(SurveyManager::kActionStop, 0);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void MainWindow::keyReleaseEvent(QKeyEvent *event)
+{
+    // A held key acts once, when it is let go, not on every repeat.
+    if (event->isAutoRepeat() || !m_control) {
+        QMainWindow::keyReleaseEvent(event);
+        return;
+    }
+    const int key = event->key();
+    const Qt::KeyboardModifiers mods = event->modifiers();
+    const bool control = mods & Qt::ControlModifier;
+    const bool alt = mods & Qt::AltModifier;
+    if ((mods & Qt::ShiftModifier) && handleShiftedRelease(event))
+        return;
+
+    switch (key) {
+    case Ui::Key_WinCan:
+        if (currentPageIsOneOf({m_wcProjectInfo, m_wcSectionInfo, m_video, m_wcSectionInfoPage2}))
+            survey()->handleAction(SurveyManager::kActionWincan, 0);
+        break;
+    case Ui::Key_Survey:
+        if (Ostra_count == 1
+            && currentPageIsOneOf({m_siteInfo, m_runInfo, m_video, m_engNote, m_wrcRunInfo, m_wrcSiteInfo}))
+            survey()->handleAction(SurveyManager::kActionCorvane, 0);
+        break;
+    case Qt::Key_V:
+        if (control && alt)
+            saveChildScreenshots();
+        break;
+    case Qt::Key_R:
+        if (control)
+            survey()->handlestreamRecord(ip, port);
+        break;
+    case Qt::Key_S:
+        if (control) {
+            survey()->handleAction(SurveyManager::kActionStop, 0);
+            survey()->handlestreamStop();
+        }
+        break;
+    case Qt::Key_P:
+        if (control && alt)
+            survey()->handleAction(SurveyManager::kActionPDF, 0);
+        break;
+    case Qt::Key_Return:
+        if (m_stack->currentWidget() == m_login)
+            m_control->selectVideoScreen();
+        else if (alt || (mods & Qt::ShiftModifier))
+            keyPressEvent(&okevent);
+        break;
+    case Qt::Key_Escape:
+        if (currentPageIsOneOf({m_help, m_settings}))
+            m_control->popScreen();
+        break;
+    case Ui::Key_MediaPlay:
+        survey()->handleAction(SurveyManager::kActionPlay, 0);
+        break;
+    case Ui::Key_Sonde:
+        if (m_control->getPowerBoardID())
+            m_control->toggleSonde();
+        break;
+    case Ui::Key_F1:
+        if (m_stack->currentWidget() == m_report) {
+            m_control->setSettingsScreen(Controller::kScreenSettings);
+            m_control->selectSettingsScreen();
+        }
+        break;
+    case Ui::Key_Settings:
+        if (m_stack->currentWidget() == m_report)
+            m_control->selectSettingsScreen();
+        break;
+    case Ui::Key_MediaRecord:
+        if (m_stack->currentWidget() == m_video)
+            survey()->handleAction(SurveyManager::kActionRecord, 0);
+        break;
+    case Ui::Key_MediaPause:
+        break;
+    case Ui::Key_Snapshot:
+        if (alt)
+            m_control->takeScreenshot();
+        else
+            survey()->takeSnapshot(true);
+        break;
+    case Ui::Key_CameraControls:
+        m_control->showCameraSettings();
+        break;
+    default:
+        QMainWindow::keyReleaseEvent(event);
+        break;
+    }
+}
+
+void MainWindow::saveChildScreenshots()
+{
+    const auto children = findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget *child : children) {
+        const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("ddMMyyyyhhmmsszzz"));
+        const QString path = unitPath(QStringLiteral("/media/sda1/screenshot%1.png").arg(stamp));
+        if (!child->grab().save(path))
+            qInfo() << "Could not save screenshot" << path;
+    }
+}
+
+// ---- Slots ------------------------------------------------------------------------
+
+void MainWindow::handleExternalControl(QString command)
+{
+    qInfo() << "Mobile app command" << command << "- the app link is not available in this build";
+}
+
+void MainWindow::handleComment(QKeyEvent &event)
+{
+    keyReleaseEvent(&event);
+}
+
+void MainWindow::updateOstraIcon(int state)
+{
+    if (IVideoScreen *video = videoScreen())
+        video->setOstraWifiLogo(state);
+}
+
+void MainWindow::mapTransferBox(bool ok)
+{
+    IVideoScreen *video = videoScreen();
+    if (!video)
+        return;
+    QKeyEvent closeNote(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    video->keyPressEvent(&closeNote);
+    video->showMessage(tr("Note:"), {ok ? tr("Transfer Successful") : tr("Transfer Failed")}, this,
+                       SLOT(openOstraMenu(int)));
+}
+
+void MainWindow::openOstraMenu(int answer)
+{
+    if (answer == 1)
+        survey()->openOstraMenu();
+}
+
+void MainWindow::stopRecord()
+{
+    survey()->handleAction(SurveyManager::kActionStop, 0);
+}
+
+void MainWindow::focusChanged(QWidget *old, QWidget *now)
+{
+    qDebug() << "Focus moved from" << old << "to" << now;
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "app/imainwindow.h"
+
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QVector>
+
+class Controller;
+class PipeScreen;
+class Splash;
+class Login;
+class Settings;
+class QStackedWidget;
+
+// The one top-level window: all screens as pages of a stack, and the last stop
+// of every key no screen took.
+class MainWindow : public QMainWindow, public IMainWindow
+{
+    Q_OBJECT
+public:
+    explicit MainWindow(QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    void selectScreen(int n) override;
+    int screen() override;
+    QWidget *widget() override { return this; }
+    ISplashScreen *splashScreen() override;
+    ILoginScreen *loginScreen() override;
+    IReportScreen *reportScreen() override;
+    IVideoScreen *videoScreen() override;
+    IHelpScreen *helpScreen() override;
+    IStatus *statusScreen() override;
+    IClock *clockScreen() override;
+
+    int pageCount() const;
+    PipeScreen *page(int n) const;
+
+public slots:
+    void setController(Controller *controller);
+    void handleExternalControl(QString command);
+    void handleComment(QKeyEvent &event);
+    void updateOstraIcon(int state);
+    void mapTransferBox(bool ok);
+    void openOstraMenu(int answer);
+    void stopRecord();
+    void focusChanged(QWidget *old, QWidget *now);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private:
+    void buildPages();
+    PipeScreen *addPage(PipeScreen *page);
+    PipeScreen *addPlaceholderPage(const QString &whatsThis);
+    bool currentPageIsOneOf(std::initializer_list<PipeScreen *> pages) const;
+    bool handleShiftedRelease(QKeyEvent *event);
+    void handleSurveyKeyPress(QKeyEvent *event);
+    void handleZeroCounterPress(QKeyEvent *event);
+    void saveChildScreenshots();
+
+    Controller *m_control = nullptr;
+    QStackedWidget *m_stack = nullptr;
+    QKeyEvent upevent;
+    QKeyEvent downevent;
+    QKeyEvent stopevent;
+    QKeyEvent recevent;
+    QKeyEvent coilevent;
+    QKeyEvent streamstartevent;
+    QKeyEvent streamstopevent;
+    QKeyEvent okevent;
+    QKeyEvent key_press;
+    QString port;
+    QString ip;
+    int OstraPressTime = 11;
+    int Ostra_count = 0;
+    int m_zeroCounterCount = 0;
+
+    Splash *m_splash = nullptr;
+    Login *m_login = nullptr;
+    PipeScreen *m_video = nullptr;
+    PipeScreen *m_report = nullptr;
+    Settings *m_settings = nullptr;
+    PipeScreen *m_diagnostics = nullptr;
+    PipeScreen *m_help = nullptr;
+    PipeScreen *m_siteInfo = nullptr;
+    PipeScreen *m_runInfo = nullptr;
+    PipeScreen *m_wcProjectInfo = nullptr;
+    PipeScreen *m_wcSectionInfo = nullptr;
+    PipeScreen *m_wcSectionInfoPage2 = nullptr;
+    PipeScreen *m_engNote = nullptr;
+    PipeScreen *m_wrcSiteInfo = nullptr;
+    PipeScreen *m_wrcRunInfo = nullptr;
+};
