@@ -1,0 +1,110 @@
+#include "overlayfeed.h"
+
+#include "unitlog.h"
+
+#include <QImage>
+#include <QString>
+#include <gst/app/gstappsrc.h>
+#include <sys/stat.h>
+#include <utility>
+#include <vector>
+
+namespace {
+// The console writes a new overlay at most every 200 ms; half that keeps the
+// delay between its rename and the recording under a few frames.
+constexpr guint kPollMs = 100;
+constexpr gsize kFrameBytes = gsize(OverlayFeed::kWidth) * OverlayFeed::kHeight * 4;
+} // namespace
+
+bool OverlayFeed::Signature::operator==(const Signature &other) const
+{
+    return inode == other.inode && size == other.size && modified.tv_sec == other.modified.tv_sec
+        && modified.tv_nsec == other.modified.tv_nsec;
+}
+
+OverlayFeed::OverlayFeed(GstElement *appsrc, std::string path)
+    : m_appsrc(GST_ELEMENT(gst_object_ref(appsrc)))
+    , m_path(std::move(path))
+{
+}
+
+OverlayFeed::~OverlayFeed()
+{
+    stop();
+    gst_object_unref(m_appsrc);
+}
+
+void OverlayFeed::start()
+{
+    poll();
+    if (m_shown.size < 0)
+        pushTransparent();
+    if (m_timer == 0)
+        m_timer = g_timeout_add(kPollMs, &OverlayFeed::pollThunk, this);
+}
+
+void OverlayFeed::stop()
+{
+    if (m_timer != 0) {
+        g_source_remove(m_timer);
+        m_timer = 0;
+    }
+}
+
+gboolean OverlayFeed::pollThunk(gpointer self)
+{
+    static_cast<OverlayFeed *>(self)->poll();
+    return G_SOURCE_CONTINUE;
+}
+
+void OverlayFeed::poll()
+{
+    struct stat info {};
+    if (stat(m_path.c_str(), &info) != 0) {
+        if (!m_announcedMissing)
+            unitLog("no overlay at %s yet; keeping the last picture", m_path.c_str());
+        m_announcedMissing = true;
+        return;
+    }
+    m_announcedMissing = false;
+    Signature now;
+    now.inode = info.st_ino;
+    now.size = info.st_size;
+    now.modified = info.st_mtim;
+    if (now == m_shown)
+        return;
+    // Remember it even when it fails to load, so a broken file is reported once.
+    m_shown = now;
+    if (!pushPicture(m_path))
+        unitLog("overlay %s could not be read; keeping the last picture", m_path.c_str());
+}
+
+bool OverlayFeed::pushPicture(const std::string &path)
+{
+    QImage picture(QString::fromLocal8Bit(path.c_str()));
+    if (picture.isNull())
+        return false;
+    if (picture.width() != kWidth || picture.height() != kHeight)
+        picture = picture.scaled(kWidth, kHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    // Non-premultiplied ARGB32 is BGRA in memory on the little-endian unit.
+    picture = picture.convertToFormat(QImage::Format_ARGB32);
+    if (picture.bytesPerLine() != kWidth * 4)
+        return false;
+    pushPixels(picture.constBits(), kFrameBytes);
+    return true;
+}
+
+void OverlayFeed::pushTransparent()
+{
+    const std::vector<guint8> clear(kFrameBytes, 0);
+    pushPixels(clear.data(), clear.size());
+}
+
+void OverlayFeed::pushPixels(const void *argb, gsize bytes)
+{
+    GstBuffer *buffer = gst_buffer_new_allocate(nullptr, bytes, nullptr);
+    gst_buffer_fill(buffer, 0, argb, bytes);
+    const GstFlowReturn flow = gst_app_src_push_buffer(GST_APP_SRC(m_appsrc), buffer);
+    if (flow != GST_FLOW_OK && flow != GST_FLOW_FLUSHING)
+        unitLog("overlay not accepted by the pipeline (%s)", gst_flow_get_name(flow));
+}

@@ -1,0 +1,23 @@
+#!/bin/sh
+# Finishes the running recording and returns once the file is complete; the
+# console reads the recording as done a second after starting this script.
+set -eu
+. "${DUCTLINE_ROOT:-}/usr/local/lib/unitkit.sh"
+. "$ROOT/usr/local/lib/recorderkit.sh"
+
+if ! pid=$(recorder_pid); then
+    unitkit_log "no recording to stop"
+    rm -f "$RECORDER_PIDFILE"
+    exit 0
+fi
+kill -TERM "$pid"
+# The recorder gives up on its own after five seconds; past that it is stuck, and
+# the file is still playable up to its last index update.
+if ! recorder_wait_end "$pid" 80; then
+    kill -KILL "$pid" 2>/dev/null || true
+    unitkit_log "recorder $pid did not finish; killed"
+fi
+rm -f "$RECORDER_PIDFILE"
+state=$(recorder_state)
+unitkit_log "recording stopped ($pid, $state)"
+[ "$state" = stopped ]

@@ -1,0 +1,34 @@
+#!/bin/sh
+# Starts recording the camera, with the console's overlay picture burnt in, into
+# the given MP4 file: videoRecord.sh <path>
+# Returns once the first frame is on its way to the file. The recorder keeps the
+# file playable at all times (see the recorder's notes), is steered by
+# pauseRecord.sh, resumeRecord.sh and stopRecord.sh, and its PID is remembered for
+# the killall shim.
+set -eu
+. "${DUCTLINE_ROOT:-}/usr/local/lib/unitkit.sh"
+. "$ROOT/usr/local/lib/recorderkit.sh"
+
+out="${1:-}"
+if [ -z "$out" ]; then
+    unitkit_log "no recording path given"
+    exit 1
+fi
+if pid=$(recorder_pid); then
+    unitkit_log "already recording ($pid); $out not started"
+    exit 1
+fi
+
+mkdir -p "$UNITKIT_RUN"
+rm -f "$RECORDER_STATE"
+"$ROOT/usr/local/bin/$RECORDER_NAME" --overlay "$ROOT/dev/shm/overlay.png" --state "$RECORDER_STATE" "$out" \
+    </dev/null >>"$UNITKIT_LOG" 2>&1 &
+pid=$!
+unitkit_remember "$RECORDER_NAME" "$pid"
+
+if recorder_wait_state "$pid" recording 100; then
+    unitkit_log "recording $out ($pid)"
+    exit 0
+fi
+unitkit_log "recorder $pid did not start recording $out (state: $(recorder_state))"
+exit 1
