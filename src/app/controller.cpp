@@ -9,6 +9,9 @@
 #include "app/ivideoscreen.h"
 #include "app/processcontroller.h"
 #include "app/unitpaths.h"
+#include "instrument/cameracontroller.h"
+#include "instrument/clockcontrol.h"
+#include "instrument/microcontroller.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
 
@@ -102,9 +105,16 @@ Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), 
 
 Controller::~Controller()
 {
+    if (m_micro) {
+        m_micro->setLampBrightness(0);
+        m_micro->setCamState(1);
+    }
     SurveyManager::instance()->handleAction(SurveyManager::kActionStop, 0);
     delete m_quitShortcut;
     delete m_tiltShortcut;
+    // Closes the serial line.
+    delete m_micro;
+    m_micro = nullptr;
     delete m_startup_timer;
     delete m_tilt_timer;
     if (s_instance == this)
@@ -157,12 +167,34 @@ void Controller::logSystemVersion()
 
 void Controller::init_clock()
 {
-    logServiceAbsent("Clock control");
+    // The power board does not exist yet; the clock only keeps the pointer.
+    m_clock = new ClockControl(m_micro, this);
+    if (IClock *clockScreen = m_window->clockScreen())
+        clockScreen->setControl(m_clock);
+    connect(m_clock, &ClockControl::timeDateSet, this, &Controller::newTimeDate);
 }
 
 void Controller::init_micro()
 {
-    logServiceAbsent("Power board link");
+    m_micro = new Microcontroller(unitPath(QStringLiteral("/dev/ttyAMA1")), this);
+    connect(m_micro, &Microcontroller::batteryCapacityChanged, this, &Controller::setBatteryLevel);
+    connect(m_micro, &Microcontroller::batteryVoltageChanged, this, &Controller::setBatteryVoltage);
+    connect(m_micro, &Microcontroller::batteryCurrentChanged, this, &Controller::setBatteryCurrent);
+    connect(m_micro, &Microcontroller::batteryStatusChanged, this, &Controller::setBatteryChargingStates);
+    connect(m_micro, &Microcontroller::backlightChanged, this, &Controller::displayBacklight);
+    connect(m_micro, &Microcontroller::lampBrightnessChanged, this, &Controller::displayLampBrightness);
+    connect(m_micro, &Microcontroller::microVersionReceived, this, &Controller::setMicroVersion);
+    connect(m_micro, &Microcontroller::logOverTempReceived, this, &Controller::setOverTempLight);
+    connect(m_micro, &Microcontroller::logUnderTempReceived, this, &Controller::setUnderTempLight);
+    connect(m_micro, &Microcontroller::logShockReceived, this, &Controller::setShockLight);
+    connect(m_micro, &Microcontroller::logHumReceived, this, &Controller::setHumLight);
+    connect(m_micro, &Microcontroller::logOverVoltReceived, this, &Controller::setOverVoltLight);
+    connect(m_micro, &Microcontroller::logUnderVoltReceived, this, &Controller::setUnderVoltLight);
+    connect(m_micro, &Microcontroller::logTamperReceived, this, &Controller::setTamperLight);
+    connect(m_micro, &Microcontroller::logServiceReceived, this, &Controller::setServiceLight);
+    connect(m_micro, &Microcontroller::orientationChanged, this, &Controller::handleOrientationChange);
+    connect(m_micro, &Microcontroller::ambientLightChanged, this, &Controller::handleAmbientLightChange);
+    connect(m_micro, &Microcontroller::shutdownReceived, this, &Controller::systemShutdown);
 }
 
 QShortcut *Controller::addShortcut(const QKeySequence &keys, const char *slot)
@@ -334,17 +366,17 @@ void Controller::reportDown(int row)
 
 void Controller::lampUp()
 {
-    logServiceAbsent("Power board link");
+    m_micro->setLampBrightnessDelta(51);
 }
 
 void Controller::lampDown()
 {
-    logServiceAbsent("Power board link");
+    m_micro->setLampBrightnessDelta(-51);
 }
 
 void Controller::lampOff()
 {
-    logServiceAbsent("Power board link");
+    m_micro->setLampOff();
 }
 
 void Controller::backlightUp()
@@ -364,23 +396,24 @@ void Controller::setNewBacklight(int level)
 
 void Controller::setBacklight(int level)
 {
-    m_backlight = level;
-    logServiceAbsent("Power board link");
+    m_micro->setBacklight(level);
+    m_backlight = m_micro->getBacklight();
 }
 
 void Controller::triggerBacklightUpdate()
 {
-    logServiceAbsent("Power board link");
+    m_micro->triggerBacklightUpdate();
+    m_backlight = m_micro->getBacklight();
 }
 
 void Controller::toggleSonde()
 {
-    logServiceAbsent("Camera controller");
+    CameraController::instance()->SetSondeStatus();
 }
 
 void Controller::zeroCounter()
 {
-    logServiceAbsent("Power board link");
+    m_micro->zeroCounter();
 }
 
 bool Controller::counterTextToCounts(const QString &text, float meterage, bool imperial, int *counts)
@@ -425,8 +458,7 @@ void Controller::setCounter()
     int counts = 0;
     if (!counterTextToCounts(text, meterage, imperial, &counts))
         return;
-    Q_UNUSED(counts)
-    logServiceAbsent("Power board link");
+    m_micro->setCounter(counts);
 }
 
 float Controller::counter()
@@ -435,17 +467,21 @@ float Controller::counter()
     m_coiler_meterage =
         settings.value(QStringLiteral("Coiler/Meterage"), QString::fromLatin1(kDefaultMeterage)).toFloat();
     const bool imperial = settings.value(QStringLiteral("Coiler/Imperial"), false).toBool();
-    return countsToDistance(0, m_coiler_meterage, imperial);
+    return countsToDistance(m_micro->getCounter(), m_coiler_meterage, imperial);
 }
 
 void Controller::setFGCalibration()
 {
-    logServiceAbsent("Power board link");
+    m_micro->batterySetCalibrationMode();
 }
 
 void Controller::clearLog()
 {
-    logServiceAbsent("Power board link");
+    m_micro->clearLog();
+    if (powerBoardType) {
+        m_micro->clearCamLog();
+        CameraController::instance()->ClearCameraLogs();
+    }
     if (IStatus *status = m_window->statusScreen())
         status->clearFaults();
 }
@@ -465,6 +501,7 @@ void Controller::handlePowerBoardID(QString version)
 {
     powerBoardType = isNewPowerBoard(version);
     qInfo() << "Power board" << version << (powerBoardType ? "is new type" : "is old type");
+    CameraController::instance()->handlePowerBoardID(powerBoardType);
 }
 
 void Controller::setMicroVersion(QString version)
@@ -608,12 +645,14 @@ void Controller::fake_start_up_progress()
     switch (count) {
     case 0:
         setBacklight(128);
+        m_micro->triggerBatteryUpdate();
         break;
     case 1:
         triggerBacklightUpdate();
         return;
     case 10:
-        logServiceAbsent("Camera controller");
+        m_micro->enableCamera(true);
+        CameraController::instance()->enablePolling();
         break;
     case 30:
         logServiceAbsent("External storage");
@@ -649,6 +688,7 @@ void Controller::systemShutdown()
 {
     qInfo() << "Shutdown Requested";
     logServiceAbsent("Wi-Fi");
+    m_micro->setBuzzer(false);
     QTimer::singleShot(kShutdownDelayMs, this, &Controller::shutdown);
     emit shutdownMessage();
 }

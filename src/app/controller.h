@@ -8,6 +8,7 @@ class IMainWindow;
 class ProcessController;
 class StorageBase;
 class ClockControl;
+class Microcontroller;
 class QKeyEvent;
 class QProcess;
 class QShortcut;
@@ -173,6 +174,7 @@ private:
     int m_backlight = 0;
     QStack<int> m_screenStack;
     ClockControl *m_clock = nullptr;
+    Microcontroller *m_micro = nullptr;
     bool m_lid_shut = false;
     QShortcut *m_quitShortcut = nullptr;
     QShortcut *m_tiltShortcut = nullptr;
