@@ -1,0 +1,93 @@
+#include "widgets/consolestyle.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QWidget>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+
+const char *const ConsoleStyle::kFontFamily = "Arial";
+
+namespace {
+
+QString css(const QColor &colour)
+{
+    return colour.name();
+}
+
+QPalette consolePalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, ConsoleStyle::ground());
+    palette.setColor(QPalette::WindowText, ConsoleStyle::ink());
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, ConsoleStyle::ground());
+    palette.setColor(QPalette::Text, ConsoleStyle::ink());
+    palette.setColor(QPalette::Button, QColor(0xDD, 0xDD, 0xDD));
+    palette.setColor(QPalette::ButtonText, ConsoleStyle::ink());
+    // Selection looks the same whether or not its window is active: a dialog
+    // over the video must not grey out its chosen row.
+    for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Highlight, ConsoleStyle::selection());
+        palette.setColor(group, QPalette::HighlightedText, ConsoleStyle::ink());
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x60, 0x60, 0x60));
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x60, 0x60, 0x60));
+    return palette;
+}
+
+} // namespace
+
+QString ConsoleStyle::styleSheet()
+{
+    const QString focus = css(ConsoleStyle::focus());
+    const QString selection = css(ConsoleStyle::selection());
+    const QString alarm = css(ConsoleStyle::alarm());
+    return QStringLiteral(
+               "QLineEdit, QComboBox, QTextEdit, QPlainTextEdit, QPushButton {"
+               " border: 2px solid #404040; border-radius: 4px; padding: 3px 8px;"
+               " background: white; color: black; min-height: 30px; }"
+               "QLineEdit:focus, QComboBox:focus, QTextEdit:focus, QPlainTextEdit:focus,"
+               " QPushButton:focus { border: 4px solid %1; background: #FFF7C8; }"
+               "QPushButton:pressed { background: %2; }"
+               "QComboBox::drop-down { width: 28px; border-left: 2px solid #404040; }"
+               "QComboBox QAbstractItemView { border: 3px solid black; background: white;"
+               " selection-background-color: %2; selection-color: black; }"
+               "QListView::item { padding: 6px 10px; border: 3px solid transparent; }"
+               "QListView::item:selected { background: %2; color: black; border: 3px solid black; }"
+               "QScrollBar:vertical { width: 22px; }"
+               "KeypadDialog { background: white; border: 4px solid black; }"
+               "hbiLabel[look=\"title\"] { font-size: %4px; }"
+               "hbiLabel[look=\"hint\"] { font-size: %5px; color: #303030; }"
+               "hbiLabel[look=\"warning\"] { color: white; background: %3; padding: 2px 6px; }"
+               "hbiLineEdit[missing=\"true\"] { border-color: %3; background: #FFE4E4; }"
+               "HBIMessageBox { background: %2; border: 4px solid black; }"
+               "HBIMessageBox QLabel { color: black; background: transparent; }")
+        .arg(focus, selection, alarm)
+        .arg(kTitlePixels)
+        .arg(kHintPixels);
+}
+
+void ConsoleStyle::apply(QApplication &app)
+{
+    if (QStyle *fusion = QStyleFactory::create(QStringLiteral("Fusion")))
+        app.setStyle(fusion);
+    QFont font(QString::fromLatin1(kFontFamily));
+    font.setPixelSize(kBodyPixels);
+    font.setBold(true);
+    app.setFont(font);
+    app.setPalette(consolePalette());
+    // Animations cost frames on the unit's processor and hide the state change.
+    app.setEffectEnabled(Qt::UI_AnimateCombo, false);
+    app.setEffectEnabled(Qt::UI_AnimateMenu, false);
+    app.setEffectEnabled(Qt::UI_FadeMenu, false);
+    app.setStyleSheet(styleSheet());
+}
+
+void ConsoleStyle::repolish(QWidget *widget)
+{
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
+    widget->update();
+}

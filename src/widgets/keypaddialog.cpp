@@ -1,0 +1,95 @@
+#include "widgets/keypaddialog.h"
+
+#include "widgets/hbilabel.h"
+
+#include <QDebug>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+KeypadDialog::KeypadDialog(QWidget *parent, const QString &title)
+    : QDialog(parent, Qt::FramelessWindowHint | Qt::Dialog)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 12, 16, 12);
+    layout->setSpacing(10);
+    m_title = new hbiLabel(title.trimmed(), this, hbiLabel::kTitle);
+    m_title->setAlignment(Qt::AlignCenter);
+    m_title->setVisible(!m_title->text().isEmpty());
+    layout->addWidget(m_title);
+    m_content = new QVBoxLayout;
+    m_content->setSpacing(8);
+    layout->addLayout(m_content, 1);
+    m_hint = new hbiLabel(QString(), this, hbiLabel::kHint);
+    m_hint->setAlignment(Qt::AlignCenter);
+    layout->addWidget(m_hint);
+}
+
+QString KeypadDialog::title() const
+{
+    return m_title->text();
+}
+
+QString KeypadDialog::keyHint() const
+{
+    return m_hint->text();
+}
+
+void KeypadDialog::setKeyHint(const QString &text)
+{
+    m_hint->setText(text);
+}
+
+void KeypadDialog::connectAnswer(const char *signal, QObject *receiver, const char *slot)
+{
+    if (!receiver || !slot)
+        return;
+    if (!connect(this, signal, receiver, slot))
+        qWarning() << "Dialog" << title() << "cannot answer to" << slot;
+}
+
+bool KeypadDialog::finish(int result)
+{
+    if (m_answered)
+        return false;
+    m_answered = true;
+    QDialog::done(result);
+    return true;
+}
+
+void KeypadDialog::done(int result)
+{
+    if (!finish(result))
+        return;
+    answerClosed();
+}
+
+bool KeypadDialog::isActionKey(int key) const
+{
+    return key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+void KeypadDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (isActionKey(event->key())) {
+        if (!event->isAutoRepeat())
+            m_pressedKey = event->key();
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void KeypadDialog::keyReleaseEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (isActionKey(key)) {
+        event->accept();
+        if (event->isAutoRepeat() || key != m_pressedKey)
+            return;
+        m_pressedKey = 0;
+        actOnKey(key);
+        return;
+    }
+    QDialog::keyReleaseEvent(event);
+}
