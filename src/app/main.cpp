@@ -9,12 +9,14 @@
 
 #include <QApplication>
 #include <QDebug>
+#include <QElapsedTimer>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
 #include <QSplashScreen>
+#include <QTimer>
 #include <QTranslator>
 #include <ctime>
 #include <cstdio>
@@ -75,6 +77,8 @@ static void logIdentity()
 
 int main(int argc, char *argv[])
 {
+    QElapsedTimer sinceStart;
+    sinceStart.start();
     CleanExit cleanExit;
     Q_UNUSED(cleanExit)
     Q_UNUSED(s_defaultHandler)
@@ -115,6 +119,9 @@ int main(int argc, char *argv[])
                              .arg(double(clock() - started) / 1000000.0);
     window->show();
     splash.finish(window);
+    QTimer::singleShot(0, [&sinceStart] {
+        qInfo().noquote() << QStringLiteral("Event loop running %1 ms after start").arg(sinceStart.elapsed());
+    });
     const int result = app.exec();
     delete window;
     return result;

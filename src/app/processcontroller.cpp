@@ -27,7 +27,8 @@ ProcessController::~ProcessController()
     if (timer)
         timer->stop();
     if (m_process) {
-        disconnect(m_process, QOverload<int>::of(&QProcess::finished), this, &ProcessController::endProcess);
+        disconnect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+                   &ProcessController::processFinished);
         if (m_process->state() != QProcess::NotRunning)
             m_process->waitForFinished(-1);
     }
@@ -58,7 +59,8 @@ void ProcessController::startProcess()
         m_process->deleteLater();
     m_process = new QProcess(this);
     connect(m_process, &QProcess::readyReadStandardOutput, this, &ProcessController::readStandardOutput);
-    connect(m_process, QOverload<int>::of(&QProcess::finished), this, &ProcessController::endProcess);
+    connect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+                   &ProcessController::processFinished);
     if (timer)
         timer->deleteLater();
     timer = new QTimer(this);
@@ -78,7 +80,8 @@ void ProcessController::readStandardOutput()
 void ProcessController::timeout()
 {
     if (m_process) {
-        disconnect(m_process, QOverload<int>::of(&QProcess::finished), this, &ProcessController::endProcess);
+        disconnect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+                   &ProcessController::processFinished);
         m_process->kill();
         m_process->close();
         m_process->waitForFinished(-1);
@@ -88,6 +91,12 @@ void ProcessController::timeout()
     qInfo() << "process timeout";
     dotimeout = false;
     endProcess(333);
+}
+
+void ProcessController::processFinished(int code, QProcess::ExitStatus status)
+{
+    Q_UNUSED(status)
+    endProcess(code);
 }
 
 void ProcessController::endProcess(int code)

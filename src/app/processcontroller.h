@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 
-class QProcess;
 class QTimer;
 
 // Runs external commands one at a time, in the order they were added, each with
@@ -32,6 +32,7 @@ private slots:
     void startProcess();
     void readStandardOutput();
     void timeout();
+    void processFinished(int code, QProcess::ExitStatus status);
     void endProcess(int code);
 
 private:

@@ -47,14 +47,14 @@ QImage splash(const Brand &brand)
 
 QImage logo(const Brand &brand)
 {
-    QImage image(320, 100, QImage::Format_ARGB32);
+    QImage image(420, 100, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
     drawPipeMark(p, QRectF(10, 10, 80, 80), brand.accent);
     p.setFont(QFont(QStringLiteral("Liberation Sans"), 30, QFont::Bold));
     p.setPen(Qt::white);
-    p.drawText(QRect(105, 0, 215, 100), Qt::AlignVCenter | Qt::AlignLeft, brand.name);
+    p.drawText(QRect(105, 0, 315, 100), Qt::AlignVCenter | Qt::AlignLeft, brand.name);
     return image;
 }
 

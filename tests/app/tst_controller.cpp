@@ -1,0 +1,317 @@
+#include "app/consolesettings.h"
+#include "app/controller.h"
+#include "storage/storagebase.h"
+#include "support/fakemainwindow.h"
+#include "support/fakevideoscreen.h"
+#include "support/logcapture.h"
+#include "support/testunit.h"
+
+#include <QDir>
+#include <QImage>
+#include <QtTest>
+
+class TestController : public QObject
+{
+    Q_OBJECT
+
+    TestUnit *m_unit = nullptr;
+    FakeMainWindow *m_window = nullptr;
+    FakeVideoScreen m_video;
+    Controller *m_controller = nullptr;
+
+    // Puts the controller on the video screen with an empty stack. Going to the
+    // video screen by push keeps the screen it came from below it, so pop first.
+    void startOnVideoScreen()
+    {
+        m_video.recording = false;
+        while (!m_controller->screenStack().isEmpty())
+            m_controller->popScreen();
+        m_window->selectScreen(Controller::kScreenVideo);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_unit = new TestUnit;
+        QVERIFY(m_unit->isValid());
+        m_window = new FakeMainWindow;
+        m_window->video = &m_video;
+        m_controller = Controller::create(m_window, m_window);
+        QCOMPARE(m_window->controller, m_controller);
+    }
+
+    void startUpWalksFromSplashToLogin()
+    {
+        QCOMPARE(m_window->selected.first(), int(Controller::kScreenSplash));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
+        // One progress call per tick except the second; text only on the tens.
+        QCOMPARE(m_window->progress.size(), 100);
+        QCOMPARE(m_window->progress.first(), qMakePair(QStringLiteral("Initialising"), 0));
+        QCOMPARE(m_window->progress.at(1), qMakePair(QString(), 2));
+        QCOMPARE(m_window->progress.at(9), qMakePair(QStringLiteral("Initialising"), 10));
+        QCOMPARE(m_window->progress.last(), qMakePair(QStringLiteral("Done"), 100));
+        QCOMPARE(m_controller->screenStack(), QStack<int>() << int(Controller::kScreenSplash));
+        QVERIFY(m_unit->kitLog().join('\n').contains("external display stop"));
+    }
+
+    void pushingTheCurrentScreenChangesNothing()
+    {
+        startOnVideoScreen();
+        const QStack<int> stack = m_controller->screenStack();
+        const int selections = m_window->selected.size();
+        m_controller->pushScreen(Controller::kScreenVideo);
+        QCOMPARE(m_window->selected.size(), selections);
+        QCOMPARE(m_controller->screenStack(), stack);
+    }
+
+    void videoScreenEmptiesTheStack()
+    {
+        startOnVideoScreen();
+        m_controller->selectSettingsScreen();
+        m_controller->selectHelpScreen();
+        QCOMPARE(m_controller->screenStack(), QStack<int>() << 2 << 4);
+        m_controller->popScreen();
+        QCOMPARE(m_window->screen(), int(Controller::kScreenSettings));
+        m_controller->selectVideoScreen();
+        QCOMPARE(m_controller->screenStack(), QStack<int>() << 4);
+    }
+
+    void recordingRefusesReportAndForms_data()
+    {
+        QTest::addColumn<int>("screen");
+        QTest::addColumn<QString>("log");
+        QTest::newRow("report") << int(Controller::kScreenReport) << "Can't show report while recording!";
+        QTest::newRow("settings") << int(Controller::kScreenSettings) << "Can't select while recording!";
+        QTest::newRow("site info") << int(Controller::kScreenSiteInfo) << "Can't select while recording!";
+        QTest::newRow("WRC run info") << int(Controller::kScreenWRCRunInfo) << "Can't select while recording!";
+    }
+    void recordingRefusesReportAndForms()
+    {
+        QFETCH(int, screen);
+        QFETCH(QString, log);
+        startOnVideoScreen();
+        m_video.recording = true;
+        LogCapture capture;
+        m_controller->pushScreen(screen);
+        QCOMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        QVERIFY(m_controller->screenStack().isEmpty());
+        QVERIFY(capture.contains(log));
+        m_video.recording = false;
+    }
+
+    void helpOpensWhileRecording()
+    {
+        startOnVideoScreen();
+        m_video.recording = true;
+        m_controller->selectHelpScreen();
+        QCOMPARE(m_window->screen(), int(Controller::kScreenHelp));
+        QCOMPARE(m_controller->screenStack(), QStack<int>() << 2);
+        m_video.recording = false;
+    }
+
+    void helpPageFollowsTheLanguage()
+    {
+        ConsoleSettings().setValue("Language/code", "en-US");
+        ConsoleSettings().setValue("Help/FirstPage", "/opt/hbi/languages/en-GB/help/index.html");
+        startOnVideoScreen();
+        m_controller->selectHelpScreen();
+        QCOMPARE(ConsoleSettings().value("Help/FirstPage").toString(),
+                 m_unit->path("/opt/hbi/languages/en-GB/help/index.html"));
+
+        QVERIFY(m_unit->writeFile("/opt/hbi/languages/en-US/help/index.html", "<html></html>"));
+        startOnVideoScreen();
+        m_controller->selectHelpScreen();
+        QCOMPARE(ConsoleSettings().value("Help/FirstPage").toString(),
+                 m_unit->path("/opt/hbi/languages/en-US/help/index.html"));
+        ConsoleSettings().remove("Language/code");
+    }
+
+    void popOnAnEmptyStackGoesToVideo()
+    {
+        startOnVideoScreen();
+        m_window->selectScreen(Controller::kScreenHelp);
+        LogCapture capture;
+        m_controller->popScreen();
+        QVERIFY(capture.contains("Screen stack is empty"));
+        QCOMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    }
+
+    void popNeverReturnsToTheSplash()
+    {
+        m_window->selectScreen(Controller::kScreenSplash);
+        m_controller->selectSettingsScreen();
+        QCOMPARE(m_controller->screenStack().top(), int(Controller::kScreenSplash));
+        m_controller->popScreen();
+        QCOMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    }
+
+    void unknownScreenIsRefused()
+    {
+        startOnVideoScreen();
+        LogCapture capture;
+        m_controller->pushScreen(15);
+        QCOMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        QVERIFY(capture.contains("Unrecognised screen value - ignoring"));
+    }
+
+    void counterTextToCounts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<float>("meterage");
+        QTest::addColumn<bool>("imperial");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<int>("counts");
+        QTest::newRow("zero") << "0.00" << 0.76f << false << true << 0;
+        QTest::newRow("ten metres") << "10.00" << 0.76f << false << true << 263;
+        QTest::newRow("other coiler") << "10.00" << 1.25f << false << true << 160;
+        QTest::newRow("thirty-two feet ten inches") << "32.10" << 0.76f << true << true << 263;
+        QTest::newRow("eleven inches is almost a foot") << "0.11" << 0.76f << true << true << 7;
+        QTest::newRow("unreadable") << "ten" << 0.76f << false << false << -1;
+        QTest::newRow("empty") << "" << 0.76f << false << false << -1;
+    }
+    void counterTextToCounts()
+    {
+        QFETCH(QString, text);
+        QFETCH(float, meterage);
+        QFETCH(bool, imperial);
+        QFETCH(bool, ok);
+        QFETCH(int, counts);
+        int result = -1;
+        QCOMPARE(Controller::counterTextToCounts(text, meterage, imperial, &result), ok);
+        QCOMPARE(result, counts);
+    }
+
+    void countsToDistance_data()
+    {
+        QTest::addColumn<int>("counts");
+        QTest::addColumn<bool>("imperial");
+        QTest::addColumn<float>("distance");
+        QTest::newRow("zero") << 0 << false << 0.0f;
+        QTest::newRow("metres") << 263 << false << 9.994f;
+        QTest::newRow("feet and inches") << 263 << true << 32.0936f; // 32.78 ft is 32 ft 9.36 in
+        QTest::newRow("backwards") << -100 << false << -3.8f;
+    }
+    void countsToDistance()
+    {
+        QFETCH(int, counts);
+        QFETCH(bool, imperial);
+        QFETCH(float, distance);
+        QVERIFY2(qAbs(Controller::countsToDistance(counts, 0.76f, imperial) - distance) < 0.001f,
+                 qPrintable(QString::number(Controller::countsToDistance(counts, 0.76f, imperial))));
+    }
+
+    void powerBoardType_data()
+    {
+        QTest::addColumn<QString>("version");
+        QTest::addColumn<bool>("isNew");
+        QTest::newRow("2.1 is new") << "2.1" << true;
+        QTest::newRow("10.0 is new") << "10.0" << true;
+        QTest::newRow("1.9 is old") << "1.9" << false;
+        QTest::newRow("no point is old") << "21" << false;
+        QTest::newRow("letters removed") << "PB2.0" << true;
+        QTest::newRow("letters removed, old") << "v1.7a" << false;
+        QTest::newRow("no digits") << "abc.def" << false;
+        QTest::newRow("empty") << "" << false;
+    }
+    void powerBoardType()
+    {
+        QFETCH(QString, version);
+        QFETCH(bool, isNew);
+        m_controller->handlePowerBoardID(version);
+        QCOMPARE(m_controller->getPowerBoardID(), isNew);
+    }
+
+    void ambientLightSetsBacklight_data()
+    {
+        QTest::addColumn<int>("level");
+        QTest::addColumn<int>("backlight");
+        QTest::newRow("dark") << 63 << 64;
+        QTest::newRow("dusk low") << 64 << 127;
+        QTest::newRow("dusk high") << 2047 << 127;
+        QTest::newRow("day low") << 2048 << 191;
+        QTest::newRow("day high") << 8191 << 191;
+        QTest::newRow("sun") << 8192 << 255;
+    }
+    void ambientLightSetsBacklight()
+    {
+        QFETCH(int, level);
+        QFETCH(int, backlight);
+        QCOMPARE(Controller::backlightForAmbientLight(level), backlight);
+    }
+
+    void boardEventsReachTheVideoScreen()
+    {
+        m_video.calls.clear();
+        m_controller->setBatteryLevel(200);
+        m_controller->setBatteryChargingStates(3);
+        m_controller->displayLampBrightness(255);
+        m_controller->displayLampBrightness(128);
+        QCOMPARE(m_video.calls, QStringList({"setBatteryLevel 200", "setChargingState 3",
+                                             "displayLampBrightness 100", "displayLampBrightness 50"}));
+    }
+
+    void screenshotNeedsAUsbStick()
+    {
+        StorageBase *storage = StorageBase::instance();
+        LogCapture capture;
+        m_controller->takeScreenshot();
+        QVERIFY(capture.contains("No USB1") && capture.contains("No USB2") && capture.contains("No USB0"));
+
+        const QString stick = m_unit->path("/media/usb2");
+        QDir().mkpath(stick);
+        storage->handle_mount("USB2", stick);
+        m_controller->takeScreenshot();
+        const QStringList shots = QDir(stick + "/screenshots").entryList({"*.png"}, QDir::Files);
+        QCOMPARE(shots.size(), 1);
+        QVERIFY2(!shots.first().contains(' ') && !shots.first().contains(':'), qPrintable(shots.first()));
+        const QImage shot(stick + "/screenshots/" + shots.first());
+        QCOMPARE(shot.size(), QSize(800, 600));
+        QCOMPARE(QColor(shot.pixel(400, 300)), QColor(0x40, 0x40, 0x40));
+        storage->handle_unmount(stick);
+    }
+
+    void screenshotOfTheWrongSizeWritesNothing()
+    {
+        const QString stick = m_unit->path("/media/usb1");
+        QDir().mkpath(stick);
+        StorageBase::instance()->handle_mount("USB1", stick);
+        QVERIFY(m_unit->writeFile("/dev/fb0", QByteArray(1920000 - 4, '\0')));
+        LogCapture capture;
+        m_controller->takeScreenshot();
+        QVERIFY(capture.contains("Unexpected size 1919996"));
+        QVERIFY(QDir(stick + "/screenshots").entryList({"*.png"}, QDir::Files).isEmpty());
+
+        QVERIFY(m_unit->writeFile("/dev/fb0", QByteArray()));
+        m_controller->takeScreenshot();
+        QVERIFY(capture.contains("No data read from:"));
+        StorageBase::instance()->handle_unmount(stick);
+    }
+
+    void runTimeCountsMinutes()
+    {
+        ConsoleSettings().setValue("Time/Run", "120");
+        m_controller->updateRunTime();
+        QCOMPARE(ConsoleSettings().value("Time/Run").toString(), QStringLiteral("180"));
+    }
+
+    void shutdownWarnsThenRunsTheScript()
+    {
+        QSignalSpy warned(m_controller, &Controller::shutdownMessage);
+        LogCapture capture;
+        m_controller->systemShutdown();
+        QCOMPARE(warned.count(), 1);
+        QVERIFY(capture.contains("Shutdown Requested"));
+        QVERIFY(!QFile::exists(m_unit->path("/var/hbi/shutdown-requested")));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_unit->path("/var/hbi/shutdown-requested")), 5000);
+        QVERIFY(capture.contains("Lanthorn shutting down..."));
+    }
+
+    void cleanupTestCase()
+    {
+        delete m_window;
+        delete m_unit;
+    }
+};
+
+QTEST_MAIN(TestController)
+#include "tst_controller.moc"
