@@ -48,13 +48,14 @@ void ImageSaver::moveImage(const QString &from, const QString &to)
 {
     // rename() replaces the target in one step, so a reader sees the old picture
     // or the new one, never a mixture.
-    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
-        return;
-    if (errno == ENOENT) {
+    bool ok = std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+    if (!ok && errno == ENOENT) {
         // Two pictures saved before the first move: that move already published
         // the later one.
         qDebug() << "Overlay picture" << from << "already published";
-        return;
+        ok = true;
+    } else if (!ok) {
+        qWarning() << "Overlay picture could not be moved to" << to << ":" << std::strerror(errno);
     }
-    qWarning() << "Overlay picture could not be moved to" << to << ":" << std::strerror(errno);
+    emit imageMoved(to, ok);
 }

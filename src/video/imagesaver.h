@@ -20,6 +20,8 @@ public:
 signals:
     // After a save request: whether `path` now holds the whole picture.
     void imageReady(QString path, bool ok);
+    // After a move request: whether `to` holds the latest picture saved.
+    void imageMoved(QString to, bool ok);
 
 private slots:
     void saveImage(const QImage &image, const QString &path);

@@ -93,7 +93,7 @@ public:
         snapshotSymbol->setObjectName(QStringLiteral("snapshotSymbol"));
         snapshotSymbol->setGeometry(kSnapshotArea);
         initialiseGraphics();
-        snapshotSymbol->setPixmap(graphicsPixmap(QStringLiteral(":/graphics/snapshot.svg"), kSnapshotArea.size()));
+        snapshotSymbol->setPixmap(graphicsPixmap(QStringLiteral(":/graphics/snapshot.png"), kSnapshotArea.size()));
         timeLabel = makeLabel(form, QStringLiteral("timeLabel"));
         dateLabel = makeLabel(form, QStringLiteral("dateLabel"));
         counterLabel = makeLabel(form, QStringLiteral("counterLabel"));
@@ -137,6 +137,7 @@ overlay::overlay(QWidget *parent)
     pageList = ui->pages;
 
     connect(mImageSaver, &ImageSaver::imageReady, this, &overlay::capturedOverlay);
+    connect(mImageSaver, &ImageSaver::imageMoved, this, &overlay::movedOverlay);
     flashTimer->setInterval(kFlashMs);
     connect(flashTimer, &QTimer::timeout, this, &overlay::placeOverlay);
     graphicsTimer->setSingleShot(true);
@@ -377,6 +378,7 @@ void overlay::captureOverlay()
             painter.drawImage(0, 0, localHeaders);
         }
     }
+    ++mPendingCaptures;
     mImageSaver->requestImageSave(picture, temporaryFile());
 
     if (revealCounter)
@@ -388,10 +390,19 @@ void overlay::captureOverlay()
 void overlay::capturedOverlay(const QString &path, bool ok)
 {
     if (!ok) {
+        --mPendingCaptures;
         qWarning() << "Overlay picture not published; the recording keeps the previous one:" << path;
         return;
     }
     mImageSaver->requestImageMove(temporaryFile(), overlayFile());
+}
+
+void overlay::movedOverlay(const QString &path, bool ok)
+{
+    Q_UNUSED(path)
+    --mPendingCaptures;
+    if (ok)
+        emit overlayPublished();
 }
 
 OutlinedLabel *overlay::placedLabel() const

@@ -40,6 +40,8 @@ public:
     float getCounter() const;
     QString pageReturnText(int page) const;
     state currentState() const { return mCurrentState; }
+    // Captures handed to the saver and not yet published or failed.
+    int capturesPending() const { return mPendingCaptures; }
 
 public slots:
     void setCounter(double value);
@@ -63,6 +65,8 @@ public slots:
 signals:
     void accept();
     void clearEditing();
+    // A capture is now in place in the overlay file.
+    void overlayPublished();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -71,6 +75,7 @@ private slots:
     void placeOverlay();
     void clearGraphics();
     void capturedOverlay(const QString &path, bool ok);
+    void movedOverlay(const QString &path, bool ok);
 
 private:
     void applySettings();
@@ -103,5 +108,6 @@ private:
     QList<OutlinedLabel *> pageList;
     int mCurrentPage = 0;
     bool overlayCounterEn = false;
+    int mPendingCaptures = 0;
     Ui::overlay *ui;
 };
