@@ -116,7 +116,7 @@ void Camera::setDefaultCamera()
             return;
         }
     }
-    qInfo() << "No capture device at" << captureDevice() << "; live picture not shown";
+    qInfo().noquote() << "No capture device at" << captureDevice() + QStringLiteral("; live picture not shown");
 }
 
 void Camera::releaseCamera()
