@@ -154,19 +154,18 @@ void TestOverlay::itemBeingPlacedStaysOutOfTheFile()
     overlay *ov = makeOverlay();
     OutlinedLabel *date = label("dateLabel");
     ov->toggleDate();
-    QVERIFY(date->isHidden() || date->isVisible());
     // Whichever phase of the flash it is in, the date is not burnt in.
+    bool flashedOnScreen = false;
     for (int phase = 0; phase < 2; ++phase) {
         QMetaObject::invokeMethod(ov, "placeOverlay");
+        flashedOnScreen |= date->isVisible();
         ov->captureOverlay();
         const QImage picture = published();
         QVERIFY(!picture.isNull());
         QCOMPARE(picture.size(), QSize(720, 576));
         QCOMPARE(opaquePixels(picture, inFile(date)), 0);
-        if (date->isVisible())
-            keep(picture, QStringLiteral("overlay-date-being-placed"));
     }
-    QVERIFY2(date->isVisible() || date->isHidden(), "date flashes on screen");
+    QVERIFY2(flashedOnScreen, "the date flashes on screen while it is placed");
 
     press(ov, Qt::Key_Right, 3);
     press(ov, Qt::Key_Return);
@@ -425,8 +424,10 @@ void TestOverlay::hidePageKeepsItsMixedNumbering()
     // With index 0 current, a page number above it is taken as counted from 1.
     ov->hidePage(1);
     QVERIFY(label("page1")->isHidden());
+    // Numbers off either end hide nothing and do no harm.
     ov->hidePage(0);
     ov->hidePage(42);
+    QCOMPARE(ov->currentState(), overlay::None);
 }
 
 void TestOverlay::styleKeyWithoutPlacingRecoloursCurrentPage()
