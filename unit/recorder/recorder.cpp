@@ -24,11 +24,12 @@ constexpr guint kStopTimeoutSeconds = 5;
 constexpr const char *kPipeline =
     "videotestsrc is-live=true pattern=smpte horizontal-speed=2"
     " ! video/x-raw,width=720,height=576,framerate=25/1 ! queue max-size-buffers=4 ! mix.sink_0 "
-    "appsrc name=overlay is-live=true format=time do-timestamp=true"
-    " caps=video/x-raw,format=BGRA,width=720,height=576,framerate=25/1"
-    " ! imagefreeze is-live=true allow-replace=true ! videoconvert ! queue max-size-buffers=2 ! mix.sink_1 "
-    "compositor name=mix background=black"
-    " ! video/x-raw,format=I420,width=720,height=576,framerate=25/1 ! queue max-size-buffers=8"
+    "appsrc name=overlay is-live=true format=time do-timestamp=true max-buffers=2 leaky-type=downstream"
+    " caps=video/x-raw,format=BGRA,width=720,height=576,framerate=25/1,interlace-mode=progressive,pixel-aspect-ratio=1/1"
+    " ! queue max-size-buffers=2 ! mix.sink_1 "
+    // Blending happens in the output format: it must keep the overlay's alpha.
+    "compositor name=mix background=black ! video/x-raw,format=AYUV,width=720,height=576,framerate=25/1"
+    " ! videoconvert ! video/x-raw,format=I420 ! queue max-size-buffers=8"
     " ! x264enc name=encoder tune=zerolatency speed-preset=ultrafast key-int-max=25 bitrate=2048"
     " ! h264parse ! mp4mux name=muxer ! filesink name=file";
 } // namespace
