@@ -67,3 +67,13 @@ void CameraController::passCodeSent()
 {
     qInfo() << "Camera pass code sent";
 }
+
+void CameraController::setVideoOff()
+{
+    qInfo() << "Camera picture lost";
+}
+
+void CameraController::setVideoOn()
+{
+    qInfo() << "Camera picture found";
+}

@@ -61,6 +61,9 @@ public:
 public slots:
     // The board has been sent the operator's pass code.
     void passCodeSent();
+    // The live picture has lost or found its camera.
+    void setVideoOff();
+    void setVideoOn();
 
 signals:
     void getCoilerID();

@@ -1,6 +1,8 @@
 #include "survey/surveymanager.h"
 
 #include "app/ivideoscreen.h"
+#include "survey/corvane/corvanedata.h"
+#include "survey/wincan/wincandata.h"
 
 #include <QDebug>
 #include <QMutex>
@@ -48,4 +50,35 @@ void SurveyManager::takeSnapshot(bool comment)
 void SurveyManager::takeSnapshot()
 {
     takeSnapshot(false);
+}
+
+void SurveyManager::handleText(QChar key)
+{
+    qDebug() << "Survey text key" << key << "- survey modes not built yet";
+}
+
+void SurveyManager::appendObservation(quint64 position, float counter, QString type, QString text)
+{
+    if (m_state != Ready && m_state != Recording)
+        return;
+    qInfo().noquote() << "Observation" << type << text << counter << position << "- no section file yet";
+}
+
+SurveyData *SurveyManager::getSurveyData()
+{
+    static CorvaneData corvaneData;
+    static WinCanData winCanData;
+    if (m_type == kSurveyType_WINCAN)
+        return &winCanData;
+    return &corvaneData;
+}
+
+void SurveyManager::reset()
+{
+    m_state = Idle;
+}
+
+QString SurveyManager::getDirectory()
+{
+    return QString(QLatin1String(""));
 }

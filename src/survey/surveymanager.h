@@ -4,6 +4,7 @@
 #include <QString>
 
 class IVideoScreen;
+class SurveyData;
 
 // Knows whether a survey runs and of which kind; every key that concerns the
 // survey reaches it through handleAction.
@@ -44,7 +45,20 @@ public:
     void handlestreamRecord(QString ip, QString port);
     void handlestreamStop();
     void openOstraMenu();
+    void handleText(QChar key);
+    // One line of the current section's observation file; nothing while no
+    // survey is Ready or Recording.
+    void appendObservation(quint64 position, float counter, QString type, QString text);
+    SurveyData *getSurveyData();
+    bool isRecording() const { return m_state == Recording; }
+    // The screen has closed the recording.
+    void reset();
+    // The project directory of the current mode, with a trailing "/"; empty
+    // in a basic survey.
+    QString getDirectory();
+    void setType(SurveyType type) { m_type = type; }
     SurveyType type() const { return m_type; }
+    void setStatus(SurveyStatus status) { m_state = status; }
     SurveyStatus status() const { return m_state; }
 
 public slots:
