@@ -116,6 +116,7 @@ public:
     QLabel *dateLabel() const;
     QLabel *logoLabel() const;
     PictureControls *pictureControls() const { return m_pictureControls; }
+    VideoScripts *scripts() const { return m_scripts; }
     // The dialog a survey has open, if any.
     QWidget *openDialog() const;
     int currentPage() const { return m_current_page; }
