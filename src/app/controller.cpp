@@ -107,6 +107,8 @@ Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), 
 Controller::~Controller()
 {
     if (m_micro) {
+        // The window may already be half gone: the board hears the last commands, the screens don't.
+        disconnect(m_micro, nullptr, this, nullptr);
         m_micro->setLampBrightness(0);
         m_micro->setCamState(1);
     }

@@ -6,6 +6,8 @@
 #include "app/splashpicture.h"
 #include "app/unitpaths.h"
 #include "app/version.h"
+#include "widgets/consolestyle.h"
+#include "widgets/graphics.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -88,6 +90,8 @@ int main(int argc, char *argv[])
     qputenv("QT_FONT_DPI", "64");
 
     QApplication app(argc, argv);
+    initialiseGraphics();
+    ConsoleStyle::apply(app);
     qInfo().noquote() << QStringLiteral("Starting Ductline ") + QLatin1String(kDuctlineVersion);
     repairDisplayIfMissing();
     stopBootImage();

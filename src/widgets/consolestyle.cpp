@@ -61,7 +61,8 @@ QString ConsoleStyle::styleSheet()
                "hbiLabel[look=\"title\"] { font-size: %4px; }"
                "hbiLabel[look=\"hint\"] { font-size: %5px; color: #303030; }"
                "hbiLabel[look=\"warning\"] { color: white; background: %3; padding: 2px 6px; }"
-               "hbiLineEdit[missing=\"true\"] { border-color: %3; background: #FFE4E4; }"
+               "hbiLineEdit[missing=\"true\"] { background: #FFE4E4; }"
+               "hbiLineEdit[missing=\"true\"]:!focus { border-color: %3; }"
                "HBIMessageBox { background: %2; border: 4px solid black; }"
                "HBIMessageBox QLabel { color: black; background: transparent; }")
         .arg(focus, selection, alarm)

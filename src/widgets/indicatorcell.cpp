@@ -91,7 +91,7 @@ void IndicatorCell::paintPicture(QPainter &painter, const QRect &area)
     }
     if (m_headline.isEmpty())
         return;
-    painter.setFont(stripFont(m_headline.size() > 5 ? 16 : 22));
+    painter.setFont(stripFont(m_headline.size() > 4 ? 17 : 22));
     painter.setPen(ConsoleStyle::stripInk());
     painter.drawText(area, Qt::AlignCenter, m_headline);
 }

@@ -13,6 +13,9 @@ KeypadDialog::KeypadDialog(QWidget *parent, const QString &title)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 12, 16, 12);
     layout->setSpacing(10);
+    // The dialog always takes the size its content asks for, also when a line
+    // such as a refusal appears.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     m_title = new hbiLabel(title.trimmed(), this, hbiLabel::kTitle);
     m_title->setAlignment(Qt::AlignCenter);
     m_title->setVisible(!m_title->text().isEmpty());

@@ -53,7 +53,8 @@ QImage logo(const Brand &brand)
     p.setRenderHint(QPainter::Antialiasing);
     drawPipeMark(p, QRectF(10, 10, 80, 80), brand.accent);
     p.setFont(QFont(QStringLiteral("Liberation Sans"), 30, QFont::Bold));
-    p.setPen(Qt::white);
+    // The logo sits on the console's light pages.
+    p.setPen(QColor(0x20, 0x20, 0x20));
     p.drawText(QRect(105, 0, 315, 100), Qt::AlignVCenter | Qt::AlignLeft, brand.name);
     return image;
 }

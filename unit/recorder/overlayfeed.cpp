@@ -13,6 +13,7 @@ namespace {
 // The console writes a new overlay at most every 200 ms; half that keeps the
 // delay between its rename and the recording under a few frames.
 constexpr guint kPollMs = 100;
+constexpr guint kFrameMs = 40;
 constexpr gsize kFrameBytes = gsize(OverlayFeed::kWidth) * OverlayFeed::kHeight * 4;
 } // namespace
 
@@ -31,23 +32,29 @@ OverlayFeed::OverlayFeed(GstElement *appsrc, std::string path)
 OverlayFeed::~OverlayFeed()
 {
     stop();
+    if (m_frame)
+        gst_buffer_unref(m_frame);
     gst_object_unref(m_appsrc);
 }
 
 void OverlayFeed::start()
 {
+    const std::vector<guint8> clear(kFrameBytes, 0);
+    setPixels(clear.data(), clear.size());
     poll();
-    if (m_shown.size < 0)
-        pushTransparent();
-    if (m_timer == 0)
-        m_timer = g_timeout_add(kPollMs, &OverlayFeed::pollThunk, this);
+    pushFrame();
+    if (m_pollTimer == 0)
+        m_pollTimer = g_timeout_add(kPollMs, &OverlayFeed::pollThunk, this);
+    if (m_frameTimer == 0)
+        m_frameTimer = g_timeout_add(kFrameMs, &OverlayFeed::frameThunk, this);
 }
 
 void OverlayFeed::stop()
 {
-    if (m_timer != 0) {
-        g_source_remove(m_timer);
-        m_timer = 0;
+    for (guint *timer : {&m_pollTimer, &m_frameTimer}) {
+        if (*timer != 0)
+            g_source_remove(*timer);
+        *timer = 0;
     }
 }
 
@@ -57,8 +64,16 @@ gboolean OverlayFeed::pollThunk(gpointer self)
     return G_SOURCE_CONTINUE;
 }
 
+gboolean OverlayFeed::frameThunk(gpointer self)
+{
+    static_cast<OverlayFeed *>(self)->pushFrame();
+    return G_SOURCE_CONTINUE;
+}
+
 void OverlayFeed::poll()
 {
+    if (m_path.empty())
+        return;
     struct stat info {};
     if (stat(m_path.c_str(), &info) != 0) {
         if (!m_announcedMissing)
@@ -75,11 +90,11 @@ void OverlayFeed::poll()
         return;
     // Remember it even when it fails to load, so a broken file is reported once.
     m_shown = now;
-    if (!pushPicture(m_path))
+    if (!loadPicture(m_path))
         unitLog("overlay %s could not be read; keeping the last picture", m_path.c_str());
 }
 
-bool OverlayFeed::pushPicture(const std::string &path)
+bool OverlayFeed::loadPicture(const std::string &path)
 {
     QImage picture(QString::fromLocal8Bit(path.c_str()));
     if (picture.isNull())
@@ -90,21 +105,24 @@ bool OverlayFeed::pushPicture(const std::string &path)
     picture = picture.convertToFormat(QImage::Format_ARGB32);
     if (picture.bytesPerLine() != kWidth * 4)
         return false;
-    pushPixels(picture.constBits(), kFrameBytes);
+    setPixels(picture.constBits(), kFrameBytes);
     return true;
 }
 
-void OverlayFeed::pushTransparent()
+void OverlayFeed::setPixels(const void *argb, gsize bytes)
 {
-    const std::vector<guint8> clear(kFrameBytes, 0);
-    pushPixels(clear.data(), clear.size());
+    GstBuffer *frame = gst_buffer_new_allocate(nullptr, bytes, nullptr);
+    gst_buffer_fill(frame, 0, argb, bytes);
+    if (m_frame)
+        gst_buffer_unref(m_frame);
+    m_frame = frame;
 }
 
-void OverlayFeed::pushPixels(const void *argb, gsize bytes)
+// Every frame is a fresh buffer around the same pixels: the source stamps it with
+// the time it is pushed.
+void OverlayFeed::pushFrame()
 {
-    GstBuffer *buffer = gst_buffer_new_allocate(nullptr, bytes, nullptr);
-    gst_buffer_fill(buffer, 0, argb, bytes);
-    const GstFlowReturn flow = gst_app_src_push_buffer(GST_APP_SRC(m_appsrc), buffer);
-    if (flow != GST_FLOW_OK && flow != GST_FLOW_FLUSHING)
+    const GstFlowReturn flow = gst_app_src_push_buffer(GST_APP_SRC(m_appsrc), gst_buffer_copy(m_frame));
+    if (flow != GST_FLOW_OK && flow != GST_FLOW_FLUSHING && flow != GST_FLOW_EOS)
         unitLog("overlay not accepted by the pipeline (%s)", gst_flow_get_name(flow));
 }

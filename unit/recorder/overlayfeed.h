@@ -8,8 +8,8 @@
 
 // Feeds the console's overlay picture into the recording. The console replaces the
 // file by an atomic rename, so a changed inode, size or time means a complete new
-// picture; it is decoded once and handed to the pipeline, which repeats it on every
-// frame until the next one. A missing or unreadable file keeps the last picture.
+// picture; it is decoded once and the same pixels are handed to the pipeline at the
+// frame rate until the next one. A missing or unreadable file keeps the last picture.
 class OverlayFeed
 {
 public:
@@ -19,7 +19,7 @@ public:
     OverlayFeed(GstElement *appsrc, std::string path);
     ~OverlayFeed();
 
-    // Pushes the current picture (transparent when there is none) and starts watching.
+    // Starts with the current picture (transparent when there is none) and watches for new ones.
     void start();
     void stop();
 
@@ -32,14 +32,17 @@ private:
     };
 
     static gboolean pollThunk(gpointer self);
+    static gboolean frameThunk(gpointer self);
     void poll();
-    bool pushPicture(const std::string &path);
-    void pushTransparent();
-    void pushPixels(const void *argb, gsize bytes);
+    void pushFrame();
+    bool loadPicture(const std::string &path);
+    void setPixels(const void *argb, gsize bytes);
 
     GstElement *m_appsrc;
     std::string m_path;
     Signature m_shown;
-    guint m_timer = 0;
+    GstBuffer *m_frame = nullptr;
+    guint m_pollTimer = 0;
+    guint m_frameTimer = 0;
     bool m_announcedMissing = false;
 };

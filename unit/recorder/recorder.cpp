@@ -11,8 +11,11 @@
 
 namespace {
 // The index room at the head of the file bounds the length of one recording;
-// three hours is far beyond a pipe section and costs about 6 MB of header.
+// three hours is far beyond a pipe section. One second of this video needs about
+// 125 bytes of index; the muxer keeps two copies, so the header costs about 5 MB.
+// Too little room only shortens the longest recording: see checkHeaderSpace.
 constexpr guint64 kLongestRecording = 3 * 3600 * GST_SECOND;
+constexpr guint kIndexBytesPerSecond = 250;
 constexpr guint64 kIndexUpdatePeriod = GST_SECOND;
 // Finish cleanly while there is still room for the index, rather than fail.
 constexpr guint64 kHeaderSpaceMargin = 60 * GST_SECOND;
@@ -24,11 +27,12 @@ constexpr guint kStopTimeoutSeconds = 5;
 constexpr const char *kPipeline =
     "videotestsrc is-live=true pattern=smpte horizontal-speed=2"
     " ! video/x-raw,width=720,height=576,framerate=25/1 ! queue max-size-buffers=4 ! mix.sink_0 "
-    "appsrc name=overlay is-live=true format=time do-timestamp=true"
-    " caps=video/x-raw,format=BGRA,width=720,height=576,framerate=25/1"
-    " ! imagefreeze is-live=true allow-replace=true ! videoconvert ! queue max-size-buffers=2 ! mix.sink_1 "
-    "compositor name=mix background=black"
-    " ! video/x-raw,format=I420,width=720,height=576,framerate=25/1 ! queue max-size-buffers=8"
+    "appsrc name=overlay is-live=true format=time do-timestamp=true max-buffers=2 leaky-type=downstream"
+    " caps=video/x-raw,format=BGRA,width=720,height=576,framerate=25/1,interlace-mode=progressive,pixel-aspect-ratio=1/1"
+    " ! queue max-size-buffers=2 ! mix.sink_1 "
+    // Blending happens in the output format: it must keep the overlay's alpha.
+    "compositor name=mix background=black ! video/x-raw,format=AYUV,width=720,height=576,framerate=25/1"
+    " ! videoconvert ! video/x-raw,format=I420 ! queue max-size-buffers=8"
     " ! x264enc name=encoder tune=zerolatency speed-preset=ultrafast key-int-max=25 bitrate=2048"
     " ! h264parse ! mp4mux name=muxer ! filesink name=file";
 } // namespace
@@ -56,11 +60,12 @@ int Recorder::run()
 {
     writeState("starting");
     m_loop = g_main_loop_new(nullptr, FALSE);
+    // Early, so that a stop during start-up finishes the file instead of killing us.
+    watchSignals();
     if (!buildPipeline()) {
         writeState("failed");
         return 1;
     }
-    watchSignals();
     unitLog("recording to %s", m_options.output.c_str());
     if (gst_element_set_state(m_pipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE) {
         unitLog("the recording pipeline did not start");
@@ -95,8 +100,8 @@ bool Recorder::buildPipeline()
     GstElement *file = gst_bin_get_by_name(bin, "file");
     GstElement *overlay = gst_bin_get_by_name(bin, "overlay");
 
-    g_object_set(m_muxer, "reserved-max-duration", kLongestRecording, "reserved-moov-update-period",
-                 kIndexUpdatePeriod, nullptr);
+    g_object_set(m_muxer, "reserved-max-duration", kLongestRecording, "reserved-bytes-per-sec",
+                 kIndexBytesPerSecond, "reserved-moov-update-period", kIndexUpdatePeriod, nullptr);
     g_object_set(file, "location", m_options.output.c_str(), nullptr);
     m_overlay = std::make_unique<OverlayFeed>(overlay, m_options.overlay);
 
