@@ -12,6 +12,7 @@
 #include "instrument/cameracontroller.h"
 #include "instrument/clockcontrol.h"
 #include "instrument/microcontroller.h"
+#include "storage/externalstorage.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
 
@@ -106,6 +107,8 @@ Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), 
 Controller::~Controller()
 {
     if (m_micro) {
+        // The window may already be half gone: the board hears the last commands, the screens don't.
+        disconnect(m_micro, nullptr, this, nullptr);
         m_micro->setLampBrightness(0);
         m_micro->setCamState(1);
     }
@@ -150,8 +153,10 @@ void Controller::createServices()
     logServiceAbsent("Camera controller");
     process = ProcessController::instance(this);
     storagebase = StorageBase::instance(this);
-    logServiceAbsent("External storage");
+    storage = ExternalStorage::instance(this);
+    connect(storage, &ExternalStorage::saveto_device_changed, this, [this] { storage->update(); });
     SurveyManager::instance(m_window->videoScreen(), this);
+    storage->init();
 }
 
 void Controller::logSystemVersion()
@@ -655,7 +660,7 @@ void Controller::fake_start_up_progress()
         CameraController::instance()->enablePolling();
         break;
     case 30:
-        logServiceAbsent("External storage");
+        storage->update();
         break;
     case 100:
         progress(tr("Done"));

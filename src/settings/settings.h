@@ -4,6 +4,7 @@
 
 class IStatus;
 class IClock;
+class SettingsStatus;
 
 // The tabbed settings screen. Its tabs arrive with the subsystems they configure.
 class Settings : public PipeScreen
@@ -14,4 +15,7 @@ public:
 
     IStatus *statusScreen() const;
     IClock *clockScreen() const;
+
+private:
+    SettingsStatus *m_status = nullptr;
 };

@@ -155,8 +155,8 @@ void Indicators::setBatteryTimeRemaining(int value)
 
 void Indicators::setDiskRecordTimeRemaining(int minutes)
 {
-    m_storage->setCaption(minutes >= 0 ? minutesText(minutes) : QString());
-    m_storage->setAlert(minutes >= 0 && minutes < kLowDiskMinutes);
+    m_diskMinutes = minutes;
+    showStorage();
 }
 
 void Indicators::displayLampBrightness(int percent)
@@ -166,11 +166,20 @@ void Indicators::displayLampBrightness(int percent)
 
 void Indicators::selectStorage(StorageBase::StorageItem item)
 {
-    m_storage->setHeadline(storageName(item));
-    if (item == StorageBase::kStorageNONE) {
+    m_saveTo = item;
+    showStorage();
+}
+
+void Indicators::showStorage()
+{
+    m_storage->setHeadline(storageName(m_saveTo));
+    if (m_saveTo == StorageBase::kStorageNONE) {
         m_storage->setCaption(tr("NO SAVE"));
         m_storage->setAlert(true);
+        return;
     }
+    m_storage->setCaption(m_diskMinutes >= 0 ? minutesText(m_diskMinutes) : QString());
+    m_storage->setAlert(m_diskMinutes >= 0 && m_diskMinutes < kLowDiskMinutes);
 }
 
 void Indicators::setCameraState(Indicators::CameraIndicatorState state)

@@ -87,6 +87,7 @@ protected:
 private:
     void showCurrentTime();
     void showCameraState();
+    void showStorage();
 
     IndicatorCell *m_clock = nullptr;
     BatteryIndicator *m_battery = nullptr;
@@ -98,6 +99,8 @@ private:
     audioindicator *m_headset = nullptr;
     IndicatorCell *m_snapshot = nullptr;
     QTimer *m_clockTimer = nullptr;
+    StorageBase::StorageItem m_saveTo = StorageBase::kStorageNONE;
+    int m_diskMinutes = -1;
     CameraIndicatorState m_cameraState = Missing;
     Mode m_mode = kModeNone;
     int m_clockMode = 0;

@@ -137,7 +137,7 @@ private slots:
         Microcontroller *micro = sharedMicro();
         micro->setService(true);
         micro->clearLog();
-        QByteArray sent = m_board.read(40);
+        QByteArray sent = m_board.read(32);
         QVERIFY2(sent.endsWith("\nLOG:CLS\n"), sent.constData());
         verifyClockCommand(sent.left(sent.size() - 8));
         QVERIFY(!micro->service());

@@ -284,6 +284,13 @@ private slots:
         QCOMPARE(strip.wifi()->ostraPicture(), QString(":/graphics/Ostra_no_back.png"));
         QVERIFY(strip.sizeHint().height() <= 600);
         QCOMPARE(image.width(), IndicatorCell::kWidth);
+        strip.selectStorage(StorageBase::kStorageNONE);
+        QCOMPARE(strip.cell(Indicators::kStorageCell)->caption(), QString("NO SAVE"));
+        strip.selectStorage(StorageBase::kStorageSD);
+        QCOMPARE(strip.cell(Indicators::kStorageCell)->caption(), QString("4m"));
+        strip.setDiskRecordTimeRemaining(125);
+        QCOMPARE(strip.cell(Indicators::kStorageCell)->caption(), QString("2h05"));
+        QVERIFY(!strip.cell(Indicators::kStorageCell)->isAlert());
         strip.setSnapshotIcon(0);
         QVERIFY(strip.cell(Indicators::kSnapshotCell)->picture().isEmpty());
     }

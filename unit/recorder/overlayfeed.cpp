@@ -72,6 +72,8 @@ gboolean OverlayFeed::frameThunk(gpointer self)
 
 void OverlayFeed::poll()
 {
+    if (m_path.empty())
+        return;
     struct stat info {};
     if (stat(m_path.c_str(), &info) != 0) {
         if (!m_announcedMissing)

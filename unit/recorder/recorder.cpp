@@ -11,8 +11,11 @@
 
 namespace {
 // The index room at the head of the file bounds the length of one recording;
-// three hours is far beyond a pipe section and costs about 6 MB of header.
+// three hours is far beyond a pipe section. One second of this video needs about
+// 125 bytes of index; the muxer keeps two copies, so the header costs about 5 MB.
+// Too little room only shortens the longest recording: see checkHeaderSpace.
 constexpr guint64 kLongestRecording = 3 * 3600 * GST_SECOND;
+constexpr guint kIndexBytesPerSecond = 250;
 constexpr guint64 kIndexUpdatePeriod = GST_SECOND;
 // Finish cleanly while there is still room for the index, rather than fail.
 constexpr guint64 kHeaderSpaceMargin = 60 * GST_SECOND;
@@ -57,11 +60,12 @@ int Recorder::run()
 {
     writeState("starting");
     m_loop = g_main_loop_new(nullptr, FALSE);
+    // Early, so that a stop during start-up finishes the file instead of killing us.
+    watchSignals();
     if (!buildPipeline()) {
         writeState("failed");
         return 1;
     }
-    watchSignals();
     unitLog("recording to %s", m_options.output.c_str());
     if (gst_element_set_state(m_pipeline, GST_STATE_PLAYING) == GST_STATE_CHANGE_FAILURE) {
         unitLog("the recording pipeline did not start");
@@ -96,8 +100,8 @@ bool Recorder::buildPipeline()
     GstElement *file = gst_bin_get_by_name(bin, "file");
     GstElement *overlay = gst_bin_get_by_name(bin, "overlay");
 
-    g_object_set(m_muxer, "reserved-max-duration", kLongestRecording, "reserved-moov-update-period",
-                 kIndexUpdatePeriod, nullptr);
+    g_object_set(m_muxer, "reserved-max-duration", kLongestRecording, "reserved-bytes-per-sec",
+                 kIndexBytesPerSecond, "reserved-moov-update-period", kIndexUpdatePeriod, nullptr);
     g_object_set(file, "location", m_options.output.c_str(), nullptr);
     m_overlay = std::make_unique<OverlayFeed>(overlay, m_options.overlay);
 

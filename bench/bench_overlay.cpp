@@ -1,0 +1,115 @@
+// Cost of one overlay capture: how long the main thread is held, and how long
+// until the new picture is in place for the recorder. Run by hand:
+//   build/bench/bench_overlay [captures]
+#include "app/consolesettings.h"
+#include "video/overlay.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+struct Figures {
+    QList<double> values;
+    void add(double ms) { values << ms; }
+    QString summary()
+    {
+        std::sort(values.begin(), values.end());
+        const auto at = [this](double q) { return values.at(qMin(values.size() - 1, int(q * values.size()))); };
+        return QStringLiteral("median %1 ms, p95 %2 ms, max %3 ms")
+            .arg(at(0.5), 0, 'f', 2)
+            .arg(at(0.95), 0, 'f', 2)
+            .arg(values.last(), 0, 'f', 2);
+    }
+};
+
+double elapsedMs(const QElapsedTimer &timer)
+{
+    return timer.nsecsElapsed() / 1e6;
+}
+
+// Runs the event loop until every capture asked for is in place.
+void waitUntilPublished(overlay &layer)
+{
+    while (layer.capturesPending() > 0) {
+        QEventLoop loop;
+        QObject::connect(&layer, &overlay::overlayPublished, &loop, &QEventLoop::quit);
+        QTimer::singleShot(2000, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Superseded pictures are logged at debug level; the figures are what matter here.
+    qputenv("QT_LOGGING_RULES", "default.debug=false");
+    QTemporaryDir root;
+    QDir(root.path()).mkpath(QStringLiteral("dev/shm"));
+    qputenv("DUCTLINE_ROOT", root.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", (root.path() + QStringLiteral("/config")).toLocal8Bit());
+    QApplication app(argc, argv);
+    const int captures = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 200;
+
+    {
+        // A busy picture: date, time and counter all burnt in.
+        ConsoleSettings settings;
+        for (const char *item : {"date", "time", "counter"})
+            settings.setValue(QStringLiteral("Overlay/%1").arg(QLatin1String(item)), true);
+        settings.setValue(QStringLiteral("Overlay/timeY"), 100);
+        settings.setValue(QStringLiteral("Overlay/counterY"), 150);
+    }
+    overlay layer;
+    layer.show();
+    waitUntilPublished(layer);
+
+    Figures mainThread;
+    Figures inPlace;
+    for (int i = 0; i < captures; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        layer.setCounter(i * 0.1);
+        mainThread.add(elapsedMs(timer));
+        waitUntilPublished(layer);
+        inPlace.add(elapsedMs(timer));
+    }
+
+    // Back-to-back captures, as when several overlay changes land in one tick.
+    constexpr int kBurst = 10;
+    QElapsedTimer burst;
+    burst.start();
+    for (int i = 0; i < kBurst; ++i)
+        layer.setCounter(1000 + i * 0.1);
+    const double burstMain = elapsedMs(burst);
+    waitUntilPublished(layer);
+    const double burstInPlace = elapsedMs(burst);
+
+    // What the main thread would pay if it encoded the picture itself.
+    const QImage picture(overlay::overlayFile());
+    Figures encoding;
+    for (int i = 0; i < 20; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        picture.save(overlay::temporaryFile(), "PNG");
+        encoding.add(elapsedMs(timer));
+    }
+
+    QTextStream out(stdout);
+    out << "overlay capture, " << captures << " captures of a 720x576 picture\n"
+        << "  main thread per capture:   " << mainThread.summary() << '\n'
+        << "  until the file is in place: " << inPlace.summary() << '\n'
+        << "  burst of " << kBurst << ": main thread " << QString::number(burstMain, 'f', 2)
+        << " ms, all in place after " << QString::number(burstInPlace, 'f', 2) << " ms\n"
+        << "  PNG encoding alone (saver thread's share): " << encoding.summary() << '\n';
+    return 0;
+}

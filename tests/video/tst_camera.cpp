@@ -1,0 +1,138 @@
+#include "support/testunit.h"
+#include "video/camera.h"
+#include "video/videotools.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCameraViewfinder>
+#include <QFile>
+#include <QMessageBox>
+#include <QTimer>
+#include <QtTest>
+
+namespace {
+
+QList<QMessageBox *> visibleBoxes()
+{
+    QList<QMessageBox *> boxes;
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (auto *box = qobject_cast<QMessageBox *>(widget); box && box->isVisible())
+            boxes << box;
+    }
+    return boxes;
+}
+
+bool kitLogged(const TestUnit &unit, const QString &text)
+{
+    for (const QString &line : unit.kitLog()) {
+        if (line.contains(text))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+class TestCamera : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void noCaptureDeviceRunsWithHiddenViewfinderAndNoFaultBox();
+    void cameraFaultAsksForRebootThenRestartsPreview();
+    void snapshotIsTheScreenPicture();
+    void pictureControlsGoToTheDevice_data();
+    void pictureControlsGoToTheDevice();
+
+private:
+    TestUnit m_unit;
+};
+
+void TestCamera::initTestCase()
+{
+    QVERIFY(m_unit.isValid());
+    QVERIFY(!QFile::exists(Camera::captureDevice()));
+}
+
+void TestCamera::noCaptureDeviceRunsWithHiddenViewfinderAndNoFaultBox()
+{
+    Camera camera;
+    camera.resize(720, 576);
+    QSignalSpy restarting(&camera, &Camera::runningVideoRestart);
+    camera.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&camera));
+    QTest::qWait(300); // past the default camera's start and the preview restart
+    QVERIFY(!camera.hasCamera());
+    QVERIFY(camera.findChild<QCameraViewfinder *>(QStringLiteral("viewfinder"))->isHidden());
+    QVERIFY(visibleBoxes().isEmpty());
+    QCOMPARE(restarting.count(), 0);
+    QVERIFY(!kitLogged(m_unit, QStringLiteral("preview restart")));
+
+    // Leaving and coming back to the screen without a device is harmless.
+    camera.hide();
+    camera.show();
+    QVERIFY(visibleBoxes().isEmpty());
+}
+
+void TestCamera::cameraFaultAsksForRebootThenRestartsPreview()
+{
+    Camera camera;
+    QString text;
+    QString detail;
+    QTimer::singleShot(100, [&] {
+        QList<QMessageBox *> boxes = visibleBoxes();
+        if (boxes.size() != 1)
+            return;
+        text = boxes.first()->text();
+        detail = boxes.first()->informativeText();
+        boxes.first()->button(QMessageBox::Ok)->click();
+    });
+    camera.displayCameraError();
+    QCOMPARE(text, QStringLiteral("Startup Error"));
+    QCOMPARE(detail, QStringLiteral("Please Reboot System"));
+    QVERIFY(kitLogged(m_unit, QStringLiteral("preview restart requested")));
+}
+
+void TestCamera::snapshotIsTheScreenPicture()
+{
+    Camera camera;
+    camera.resize(720, 576);
+    camera.show();
+    const QString path = m_unit.path(QStringLiteral("/media/snapshot.png"));
+    camera.takeImage(path);
+    const QImage picture(path);
+    QCOMPARE(picture.size(), QSize(720, 576));
+    QVERIFY(picture.hasAlphaChannel());
+
+    const QString unwritable = m_unit.path(QStringLiteral("/media/no-such-folder/snapshot.png"));
+    camera.takeImage(unwritable);
+    QVERIFY(!QFile::exists(unwritable));
+    QVERIFY(visibleBoxes().isEmpty());
+}
+
+void TestCamera::pictureControlsGoToTheDevice_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("brightness") << "brightness" << 5 << "v4l2-ctl --set-ctrl brightness=5";
+    QTest::newRow("contrast") << "contrast" << 60 << "v4l2-ctl --set-ctrl contrast=60";
+    QTest::newRow("hue below zero") << "hue" << -125 << "v4l2-ctl --set-ctrl hue=-125";
+    QTest::newRow("saturation") << "saturation" << 250 << "v4l2-ctl --set-ctrl saturation=250";
+}
+
+void TestCamera::pictureControlsGoToTheDevice()
+{
+    QFETCH(QString, control);
+    QFETCH(int, value);
+    QFETCH(QString, command);
+    VideoTools tools;
+    const QByteArray setter = "set" + control.left(1).toUpper().toLatin1() + control.mid(1).toLatin1();
+    QVERIFY(QMetaObject::invokeMethod(&tools, setter.constData(), Q_ARG(int, value)));
+    QVERIFY2(m_unit.kitLog().value(m_unit.kitLog().size() - 1).endsWith(command),
+             qPrintable(m_unit.kitLog().join(QLatin1Char('\n'))));
+}
+
+QTEST_MAIN(TestCamera)
+#include "tst_camera.moc"
