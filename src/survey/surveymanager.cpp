@@ -47,6 +47,10 @@ QString languageCode()
 
 SurveyManager::SurveyManager(IVideoScreen *video, QObject *parent) : QObject(parent), m_video(video)
 {
+    // Without the live screen there is nothing to record with or show on: every
+    // survey key and message is then let go unanswered.
+    if (!m_video)
+        qWarning() << "Survey manager has no video screen; survey keys are ignored";
     BasicController *basic = BasicController::instance(this);
     basic->setVideoScreen(video);
     registerController(kSurveyType_BASIC, basic);
@@ -91,6 +95,9 @@ void SurveyManager::askModeController(const char *step)
 
 void SurveyManager::handleAction(ActionType action, int value)
 {
+    qDebug() << "Survey action" << action << value;
+    if (!m_video)
+        return;
     switch (action) {
     case kActionCorvane:
     case kActionWincan:
@@ -144,6 +151,8 @@ void SurveyManager::handleAction(ActionType action, int value)
 
 void SurveyManager::handleText(QChar key)
 {
+    if (!m_video)
+        return;
     if (m_video->isRecording() && isProjectMode())
         askModeController(qPrintable(QStringLiteral("Text key ") + key));
 }
@@ -156,11 +165,15 @@ void SurveyManager::appendEndNodeRef(QString ref)
 
 void SurveyManager::handlestreamRecord(QString ip, QString port)
 {
+    if (!m_video)
+        return;
     m_video->streamRecord(ip, port);
 }
 
 void SurveyManager::handlestreamStop()
 {
+    if (!m_video)
+        return;
     m_video->streamStop();
 }
 
@@ -188,11 +201,15 @@ QString SurveyManager::getDirectory()
 
 void SurveyManager::showDialogue(QString title, QStringList rows)
 {
+    if (!m_video)
+        return;
     m_video->showDialogue(title, rows, nullptr, nullptr);
 }
 
 void SurveyManager::showMessage(QString title, QStringList lines)
 {
+    if (!m_video)
+        return;
     m_video->showMessage(title, lines, nullptr, nullptr);
 }
 
@@ -339,6 +356,8 @@ bool SurveyManager::askEndQuestions()
 
 bool SurveyManager::stop()
 {
+    if (!m_video)
+        return false;
     m_video->stop();
     instance()->cleanUp();
     return false;
@@ -393,6 +412,8 @@ void SurveyManager::appendObservation(quint64 position, float counter, QString t
 
 void SurveyManager::takeSnapshot(bool comment)
 {
+    if (!m_video)
+        return;
     if (m_state == Ready || m_state == Recording) {
         m_video->saveJpeg(controller()->snapshotPath(), comment);
         return;
@@ -429,6 +450,8 @@ void SurveyManager::takeSiteImage()
 
 void SurveyManager::siteImageDelay()
 {
+    if (!m_video)
+        return;
     m_video->saveJpeg(sitePath, true);
     m_video->setCounterTransparency(false);
 }
@@ -437,6 +460,8 @@ void SurveyManager::siteImageDelay()
 
 void SurveyManager::setDiskTime(int mins)
 {
+    if (!m_video)
+        return;
     m_video->setDiskRecordTimeRemaining(mins);
     if (mins < kMinimumRecordMinutes)
         qInfo() << "time remaining" << mins;
@@ -446,7 +471,8 @@ void SurveyManager::handle_saveto_device_changed(StorageBase::StorageItem item, 
 {
     qInfo().noquote() << "Save-to device now" << StorageBase::indexToName(item) << path;
     ExternalStorage::instance()->update();
-    m_video->setSaveToIndicator(item);
+    if (m_video)
+        m_video->setSaveToIndicator(item);
 }
 
 void SurveyManager::setCounter(int item, QString meterage)
@@ -488,6 +514,8 @@ bool SurveyManager::largeProjectCheck()
 
 void SurveyManager::showNote(const QString &text)
 {
+    if (!m_video)
+        return;
     m_video->showMessage(tr("Note:"), {text}, nullptr, nullptr);
 }
 
@@ -495,6 +523,8 @@ void SurveyManager::showNote(const QString &text)
 
 QString SurveyManager::showWarning(QString text, bool atex)
 {
+    if (!m_video)
+        return QString();
     HBIMessageBox box;
     box.setWindowFlags(box.windowFlags() | Qt::CustomizeWindowHint);
     box.setIcon(QMessageBox::Critical);
