@@ -2,6 +2,7 @@
 
 #include "app/unitpaths.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QFileInfo>
 #include <QProcess>
@@ -14,15 +15,21 @@ VideoScripts::VideoScripts(QObject *parent)
     m_timeLimit->setSingleShot(true);
     m_timeLimit->setInterval(kScriptTimeLimitMs);
     connect(m_timeLimit, &QTimer::timeout, this, &VideoScripts::onTimeLimit);
+    if (QCoreApplication::instance())
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &VideoScripts::finishAll);
 }
 
 VideoScripts::~VideoScripts()
 {
-    // A stop script on its way must finish the file even while the console closes.
-    if (m_running) {
-        m_running->disconnect(this);
-        if (!m_running->waitForFinished(5000))
-            qWarning().noquote() << "Script still running at exit:" << m_runningDescription;
+    finishAll();
+}
+
+void VideoScripts::finishAll()
+{
+    while (m_running) {
+        if (!m_running->waitForFinished(kScriptTimeLimitMs))
+            onTimeLimit();
+        // finished() is delivered here, which starts the next one.
     }
 }
 

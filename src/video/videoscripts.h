@@ -35,6 +35,9 @@ public:
     void runProgram(const QString &program, const QStringList &args);
 
     bool isIdle() const { return !m_running && m_waiting.isEmpty(); }
+    // Runs what is still queued to its end, blocking, so a stop asked for just
+    // before the console closes still finishes the file.
+    void finishAll();
 
 signals:
     void started(QString command);

@@ -160,6 +160,7 @@ private slots:
         // The main screen really records now: end it so the screens open again.
         m_window->stopRecord();
         QVERIFY(!m_window->videoScreen()->isRecording());
+        QTRY_VERIFY_WITH_TIMEOUT(m_unit.kitLog().join('\n').contains("recording stopped"), 20000);
     }
 
     void escapeLeavesHelpAndSettings()
