@@ -92,7 +92,7 @@ public:
         else if (id == QLatin1String("END"))
             closeEntry();
         else if (!isIgnored(id))
-            qWarning() << "Unknown ID in Observation File..." << id;
+            qWarning() << "Unknown ID in Observation File..." << id << "in" << m_section;
     }
 
 private:

@@ -296,6 +296,14 @@ private slots:
         QCOMPARE(log.count("Unknown ID in Observation File..."), 1);
     }
 
+    void valueWithUnquotedCommaKeepsItsText()
+    {
+        // Written by hand, not by QSettings, which would have quoted it.
+        ProjectTree tree;
+        ProjectTree::writeFile(tree.path() + ".project.sdb", "[Project]\nSite Name=Oak\nAddress=12 Oak Road, Leeds\n");
+        QVERIFY(exportText(tree, "oak.txt").contains("\r\nAddress = 12 Oak Road, Leeds\r\n"));
+    }
+
     void veryLongCommentIsWrittenWhole()
     {
         ProjectTree tree;
