@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 // Stands in for the live video screen: answers its questions from fields the
 // test sets and writes every call it receives into `calls`, e.g. "setBatteryLevel 50".
 class FakeVideoScreen : public IVideoScreen
@@ -15,6 +17,9 @@ public:
     int counterState = 0;
     bool counterTransparent = false;
     QStringList calls;
+    // What the real screen does besides taking the picture (it writes the
+    // snapshot's observation line), for tests that need it.
+    std::function<void(const QString &path, bool comment)> onSaveJpeg;
 
     void record(QString path) override { log("record", path); }
     void streamRecord(QString ip, QString port) override { log("streamRecord", ip + QLatin1Char(' ') + port); }
@@ -32,7 +37,12 @@ public:
     void displayBacklight(int level) override { log("displayBacklight", level); }
     void displayLampBrightness(int percent) override { log("displayLampBrightness", percent); }
     void setDiskRecordTimeRemaining(int minutes) override { log("setDiskRecordTimeRemaining", minutes); }
-    void saveJpeg(QString path, bool comment) override { log("saveJpeg", path + QLatin1Char(' ') + QString::number(comment)); }
+    void saveJpeg(QString path, bool comment) override
+    {
+        log("saveJpeg", path + QLatin1Char(' ') + QString::number(comment));
+        if (onSaveJpeg)
+            onSaveJpeg(path, comment);
+    }
     bool isPaused() override { return paused; }
     bool isRecording() override { return recording; }
     void createNewSurveyText() override { log("createNewSurveyText"); }

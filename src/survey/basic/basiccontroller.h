@@ -1,0 +1,21 @@
+#pragma once
+
+#include "survey/surveycontroller.h"
+
+// A plain recording: no project, no questions. Each recording gets a folder
+// named after the time it started.
+class BasicController : public SurveyController
+{
+    Q_OBJECT
+public:
+    static BasicController *instance(QObject *parent = nullptr);
+
+    int prepareDirectory() override;
+    void button_push() override {}
+
+protected:
+    QString dbExt() const override { return QStringLiteral(".bdb"); }
+
+private:
+    explicit BasicController(QObject *parent);
+};
