@@ -15,6 +15,7 @@
 #include "storage/externalstorage.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
+#include "video/audio.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -96,7 +97,7 @@ Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), 
     connect(SurveyManager::instance(), &SurveyManager::updateCounter, this, &Controller::setCounter);
 
     logServiceAbsent("Wi-Fi");
-    logServiceAbsent("Audio");
+    audio::instance(this)->init();
     init_micro();
 
     m_startup_timer = new QTimer(this);
