@@ -12,6 +12,7 @@
 #include "instrument/cameracontroller.h"
 #include "instrument/clockcontrol.h"
 #include "instrument/microcontroller.h"
+#include "storage/externalstorage.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
 
@@ -152,8 +153,10 @@ void Controller::createServices()
     CameraController::instance();  // lives as long as the process: its chain outlasts any screen
     process = ProcessController::instance(this);
     storagebase = StorageBase::instance(this);
-    logServiceAbsent("External storage");
+    storage = ExternalStorage::instance(this);
+    connect(storage, &ExternalStorage::saveto_device_changed, this, [this] { storage->update(); });
     SurveyManager::instance(m_window->videoScreen(), this);
+    storage->init();
 }
 
 void Controller::logSystemVersion()
@@ -657,7 +660,7 @@ void Controller::fake_start_up_progress()
         CameraController::instance()->enablePolling();
         break;
     case 30:
-        logServiceAbsent("External storage");
+        storage->update();
         break;
     case 100:
         progress(tr("Done"));

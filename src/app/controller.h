@@ -7,6 +7,7 @@
 class IMainWindow;
 class ProcessController;
 class StorageBase;
+class ExternalStorage;
 class ClockControl;
 class Microcontroller;
 class QKeyEvent;
@@ -166,6 +167,7 @@ private:
 
     ProcessController *process = nullptr;
     StorageBase *storagebase = nullptr;
+    ExternalStorage *storage = nullptr;
     QTimer *m_startup_timer = nullptr;
     QTimer *m_tilt_timer = nullptr;
     QTimer *m_run_timer = nullptr;

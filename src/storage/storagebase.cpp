@@ -85,6 +85,9 @@ QString StorageBase::indexToName(int index)
 
 int StorageBase::pathToIndex(const QString &path) const
 {
+    // An empty slot means "not mounted"; no path names it.
+    if (path.isEmpty())
+        return -1;
     for (int i = 0; i < kStorageCount; ++i) {
         if (storeage_paths[i] == path)
             return i;
@@ -99,10 +102,17 @@ bool StorageBase::isServer(const QString &name)
 
 void StorageBase::unmountServers()
 {
+    // Cleared by slot, not by path: a server's address may equal another slot's path.
+    bool changed = false;
     for (int server : {kStorageCLOUD, kStorageWINCANWEB}) {
-        if (!storeage_paths[server].isEmpty())
-            handle_unmount(storeage_paths[server]);
+        if (!storeage_paths[server].isEmpty()) {
+            qInfo() << "Unmounting" << indexToName(server) << storeage_paths[server];
+            storeage_paths[server].clear();
+            changed = true;
+        }
     }
+    if (changed)
+        emit storage_updated();
 }
 
 void StorageBase::handle_mount(QString item, QString path)
@@ -110,6 +120,10 @@ void StorageBase::handle_mount(QString item, QString path)
     const int index = nameToIndex(item);
     if (index < 0) {
         qInfo() << "Unknown storage item" << item << "at" << path;
+        return;
+    }
+    if (path.isEmpty()) {
+        qInfo() << "Storage" << item << "mounted without a path - ignoring";
         return;
     }
     if (isServer(item)) {

@@ -46,4 +46,8 @@ public slots:
 protected:
     explicit StorageBase(QObject *parent = nullptr);
     QString storeage_paths[kStorageCount];
+
+private:
+    // ExternalStorage works on the singleton's table rather than on its own.
+    friend class ExternalStorage;
 };

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "instrument/iserial.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+class QSocketNotifier;
+
+// A named pipe read as a line source. The system's scripts write whole lines into
+// it whenever they like; the reader never blocks the main thread and never sees an
+// end of file, because it holds the pipe open for writing too.
+class FifoLine : public QObject, public ISerial
+{
+    Q_OBJECT
+public:
+    // Longer lines are cut here; the rest up to the line end is dropped.
+    static constexpr int kMaxLineLength = 1024;
+
+    explicit FifoLine(const QString &path, QObject *parent = nullptr);
+    ~FifoLine() override;
+
+    int open() override;
+    void close() override;
+    // Writes into the pipe, so the text comes back as received lines.
+    void sendText(const char *text) override;
+    bool isOpen() const { return m_fd != -1; }
+
+private slots:
+    void readAvailable();
+
+private:
+    void takeBytes(const char *bytes, qint64 count);
+
+    int m_fd = -1;
+    QSocketNotifier *m_notifier = nullptr;
+    QByteArray m_line;
+    bool m_overlong = false;
+};
