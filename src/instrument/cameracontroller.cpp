@@ -2,7 +2,7 @@
 
 #include "app/unitpaths.h"
 #include "instrument/cameraeventlog.h"
-#include "instrument/camerawarningbox.h"
+#include "survey/surveymanager.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -72,7 +72,7 @@ CameraController *CameraController::instance(QObject *parent)
 CameraController::CameraController(QObject *parent)
     : QObject(parent)
     , eventLog(new CameraEventLog(unitPath(QString::fromLatin1(kCameraLogFile))))
-    , presenter(showCameraWarningBox)
+    , presenter([](const QString &text, bool atex) { return SurveyManager::instance()->showWarning(text, atex); })
     , underPressureThreshold(170)
     , overPressureThreshold(263)
     , overTempThreshold(60)
@@ -816,12 +816,12 @@ void CameraController::askForPassCodeUntilAccepted(const QString &text)
     passSent = false;
     emit sendAtexPass(presenter(text, true));
     // The dialog's own event loop is where the camera's answers arrive, so each
-    // asking is answered by what the camera said about the code before it.
+    // asking is answered by what the camera said about the code before it. A
+    // camera that goes away can no longer answer: stop asking then.
     while (overideState != QLatin1String(kOverrideAccepted) && videoStream) {
-        if (!passSent) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        if (!passSent)
             continue;
-        }
         RequestPassStatus();
         if (overideState == QLatin1String(kOverrideAccepted))
             break;

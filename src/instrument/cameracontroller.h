@@ -146,7 +146,7 @@ public:
     QString logSerial() const { return logID; }
     QVector<CameraLog> cameraLog(CameraCommand command) const;
 
-    // Who answers the warning dialogs; the console's own message box unless replaced.
+    // Who answers the warning dialogs; the survey manager's warning box unless replaced.
     void setWarningPresenter(WarningPresenter presenter);
 
     static QString warningText(WarningStates warning);

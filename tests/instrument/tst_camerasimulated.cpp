@@ -5,7 +5,9 @@
 #include "instrument/cameracontroller.h"
 #include "instrument/microcontroller.h"
 #include "settings/settingsstatus.h"
+#include "support/fakevideoscreen.h"
 #include "support/testunit.h"
+#include "survey/surveymanager.h"
 #include "widgets/hbimessagebox.h"
 
 #include <QApplication>
@@ -26,6 +28,7 @@ class TestCameraSimulated : public QObject
     Microcontroller *m_micro = nullptr;
     CameraController *m_camera = nullptr;
     SettingsStatus *m_status = nullptr;
+    FakeVideoScreen m_video;
 
     void tellBoard(const QByteArray &command)
     {
@@ -46,6 +49,7 @@ private slots:
         QVERIFY(m_board.waitForStarted());
         QTRY_VERIFY(QFileInfo(m_unit.path("/dev/ttyAMA1")).isSymLink());
         QTRY_VERIFY(QFileInfo::exists(m_unit.path("/run/unitkit/powerboard.ctl")));
+        SurveyManager::instance(&m_video);
         m_camera = CameraController::instance();
         m_micro = new Microcontroller(unitPath("/dev/ttyAMA1"));
         m_status = new SettingsStatus;
@@ -89,6 +93,7 @@ private slots:
         tellBoard("set CAM:OVRD 01");
         QTRY_VERIFY_WITH_TIMEOUT(!shown.isEmpty(), 8000);
         QVERIFY(shown.contains("CAMERA UNDER PRESSURE"));
+        QVERIFY(m_video.calls.contains("hideVideo"));
         QVERIFY(m_camera->GetCameraStateFlags() & CameraController::stateUnderPressure1);
         QFile log(m_unit.path("/opt/hbi/hwlogs/camera.log"));
         QVERIFY(log.open(QIODevice::ReadOnly));
