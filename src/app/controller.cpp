@@ -15,6 +15,7 @@
 #include "storage/externalstorage.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
+#include "video/audio.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -96,7 +97,7 @@ Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), 
     connect(SurveyManager::instance(), &SurveyManager::updateCounter, this, &Controller::setCounter);
 
     logServiceAbsent("Wi-Fi");
-    logServiceAbsent("Audio");
+    audio::instance(this)->init();
     init_micro();
 
     m_startup_timer = new QTimer(this);
@@ -150,7 +151,7 @@ void Controller::runVgaScript()
 
 void Controller::createServices()
 {
-    logServiceAbsent("Camera controller");
+    CameraController::instance();  // lives as long as the process: its chain outlasts any screen
     process = ProcessController::instance(this);
     storagebase = StorageBase::instance(this);
     storage = ExternalStorage::instance(this);

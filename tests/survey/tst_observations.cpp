@@ -43,7 +43,6 @@ private slots:
     void init();
 
     void nothingIsWrittenWhileIdle();
-    void linesAsFiled();
     void unitChangeBetweenLines();
     void linesBeforeAKillSurvive();
 
@@ -81,18 +80,6 @@ void TestObservations::nothingIsWrittenWhileIdle()
     QCOMPARE(m_rig.manager->status(), SurveyManager::Idle);
     m_rig.manager->appendObservation(0, 1.0f, ObservationLine::kText, QStringLiteral("after the survey"));
     QCOMPARE(fileContent(), written);
-}
-
-void TestObservations::linesAsFiled()
-{
-    QCOMPARE(m_rig.manager->getReady(), 0);
-    m_rig.manager->appendObservation(0, 3.0f, ObservationLine::kText, QStringLiteral("crack\nat joint"));
-    m_rig.manager->appendObservation(0, 1234567.0f, ObservationLine::kText, QStringLiteral("far"));
-    m_rig.manager->appendObservation(40, 1.0f, ObservationLine::kRems, QString());
-    QCOMPARE(fileContent(), QByteArray("0m, TEXT, RECORD, (@0)\r\n"
-                                       "3m, TEXT, crack at joint, (@0)\r\n"
-                                       "1.23457e+06m, TEXT, far, (@0)\r\n"
-                                       "1m, REMS, , (@40)\r\n"));
 }
 
 void TestObservations::unitChangeBetweenLines()

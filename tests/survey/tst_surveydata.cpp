@@ -16,7 +16,6 @@ class TestSurveyData : public QObject
 private slots:
     void init();
 
-    void valuesLiveInTheSettingsGroup();
     void clearKeepsKeysButListsNone();
     void listFollowsHeaderOrderAndMatchesBySubstring();
     void winCanListsOnlyFilledFields();
@@ -27,7 +26,6 @@ private slots:
 
     void observationLine_data();
     void observationLine();
-    void appendAddsWholeLines();
 
 private:
     TestUnit m_unit;
@@ -39,22 +37,6 @@ void TestSurveyData::init()
     ConsoleSettings settings;
     settings.clear();
     settings.sync();
-}
-
-void TestSurveyData::valuesLiveInTheSettingsGroup()
-{
-    CorvaneData corvane;
-    WinCanData winCan;
-    corvane.set(QStringLiteral("SiteName"), QStringLiteral("High Street"));
-    winCan.set(QStringLiteral("PCDStartNode"), QStringLiteral("MH1"));
-
-    ConsoleSettings settings;
-    QCOMPARE(settings.value(QStringLiteral("SurveyData/SiteName")).toString(), QStringLiteral("High Street"));
-    QCOMPARE(settings.value(QStringLiteral("WinCanData/PCDStartNode")).toString(), QStringLiteral("MH1"));
-    // A second object sees the same values: nothing is held in the object.
-    QCOMPARE(CorvaneData().get(QStringLiteral("SiteName")), QStringLiteral("High Street"));
-    QCOMPARE(CorvaneData().get(QStringLiteral("PCDStartNode")), QString());
-    QCOMPARE(WinCanData().get(QStringLiteral("Missing")), QString());
 }
 
 void TestSurveyData::clearKeepsKeysButListsNone()
@@ -175,21 +157,6 @@ void TestSurveyData::observationLine()
     QFETCH(quint64, position);
     QFETCH(QString, line);
     QCOMPARE(ObservationLine::format(counter, imperial, type, text, position), line);
-}
-
-void TestSurveyData::appendAddsWholeLines()
-{
-    const QString path = m_unit.root() + QStringLiteral("/.observations.bdb");
-    QVERIFY(ObservationLine::append(path, ObservationLine::format(0, false, ObservationLine::kText,
-                                                                  ObservationLine::kRecordText, 0)));
-    QVERIFY(ObservationLine::append(path, ObservationLine::format(1.5f, false, ObservationLine::kJpeg,
-                                                                  QStringLiteral("Snap0000.jpg"), 0)));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("0m, TEXT, RECORD, (@0)\r\n1.5m, JPEG, Snap0000.jpg, (@0)\r\n"));
-
-    QVERIFY(!ObservationLine::append(m_unit.root() + QStringLiteral("/no/such/folder/.observations.bdb"),
-                                     QStringLiteral("lost\r\n")));
 }
 
 QTEST_GUILESS_MAIN(TestSurveyData)

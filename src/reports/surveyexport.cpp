@@ -1,0 +1,79 @@
+#include "reports/surveyexport.h"
+
+#include "app/unitpaths.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QProcess>
+#include <QSettings>
+#include <utility>
+
+namespace {
+
+const char kClearCacheScript[] = "/opt/hbi/bin/clear_cache.sh";
+
+// Paths are joined by concatenation throughout, so a directory must end with "/".
+QString asDirectory(QString path)
+{
+    if (!path.isEmpty() && !path.endsWith(QLatin1Char('/')))
+        path += QLatin1Char('/');
+    return path;
+}
+
+bool isAsciiAlnum(char c)
+{
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+} // namespace
+
+SurveyExport::SurveyExport(QString projectPath, QString savePath)
+    : m_prj_path(asDirectory(std::move(projectPath))), m_save_path(asDirectory(std::move(savePath)))
+{
+    if (m_save_path.isEmpty())
+        m_save_path = m_prj_path;
+}
+
+SurveyExport::~SurveyExport() = default;
+
+QStringList SurveyExport::directoryList() const
+{
+    QStringList sections;
+    const QStringList entries = QDir(m_prj_path).entryList(QDir::Dirs, QDir::Time | QDir::Reversed);
+    for (const QString &entry : entries) {
+        if (entry != QLatin1String(".") && entry != QLatin1String(".."))
+            sections << m_prj_path + entry;
+    }
+    return sections;
+}
+
+QString SurveyExport::sectionName(const QString &sectionDir)
+{
+    return sectionDir.split(QLatin1Char('/')).last();
+}
+
+QString SurveyExport::fileSafeName(const QString &name)
+{
+    QByteArray bytes = name.toLatin1();
+    for (char &c : bytes) {
+        if (!isAsciiAlnum(c))
+            c = '_';
+    }
+    return QString::fromLatin1(bytes);
+}
+
+QString SurveyExport::settingText(const QSettings &settings, const QString &key)
+{
+    // A value with an unquoted comma reads back as a list; the operator wrote one text.
+    const QVariant value = settings.value(key);
+    if (value.type() == QVariant::StringList)
+        return value.toStringList().join(QLatin1String(", "));
+    return value.toString();
+}
+
+void SurveyExport::clearCache()
+{
+    const QString script = unitPath(QString::fromLatin1(kClearCacheScript));
+    if (!QProcess::startDetached(QStringLiteral("/bin/sh"), {script}))
+        qWarning() << "Could not start" << script;
+}
