@@ -900,13 +900,3 @@ void CameraController::ProcessCameraLogs(CameraCommand command, QString data)
     default: break;
     }
 }
-
-void CameraController::setVideoOff()
-{
-    qInfo() << "Camera picture lost";
-}
-
-void CameraController::setVideoOn()
-{
-    qInfo() << "Camera picture found";
-}

@@ -158,9 +158,6 @@ public slots:
     void UpdateCameraLogs(int eventID, int eventType);
     // The board has been sent the operator's pass code.
     void passCodeSent();
-    // The live picture has lost or found its camera.
-    void setVideoOff();
-    void setVideoOn();
 
 signals:
     void getCoilerID();
