@@ -14,9 +14,20 @@
 #include <QTimer>
 
 namespace {
-const char kCoilerTableFile[] = "/opt/hbi/tables/coiler_table.txt";
-const char kCameraTableFile[] = "/opt/hbi/tables/camera_table.txt";
-const char kCameraLogFile[] = "/opt/hbi/hwlogs/camera.log";
+QString coilerTableFile()
+{
+    return unitPath(QStringLiteral("/opt/hbi/tables/coiler_table.txt"));
+}
+
+QString cameraTableFile()
+{
+    return unitPath(QStringLiteral("/opt/hbi/tables/camera_table.txt"));
+}
+
+QString cameraLogFile()
+{
+    return unitPath(QStringLiteral("/opt/hbi/hwlogs/camera.log"));
+}
 const char kDateFormat[] = "dd,MM,yyyy";
 // The camera accepts the operator's pass code by reporting this override state;
 // "01" is the state in which its pressure alarms count.
@@ -71,7 +82,7 @@ CameraController *CameraController::instance(QObject *parent)
 
 CameraController::CameraController(QObject *parent)
     : QObject(parent)
-    , eventLog(new CameraEventLog(unitPath(QString::fromLatin1(kCameraLogFile))))
+    , eventLog(new CameraEventLog(cameraLogFile()))
     , presenter([](const QString &text, bool atex) { return SurveyManager::instance()->showWarning(text, atex); })
     , underPressureThreshold(170)
     , overPressureThreshold(263)
@@ -139,7 +150,7 @@ void CameraController::initCamera()
 void CameraController::ReadCoilerFile()
 {
     coilerLookup.clear();
-    const QList<QStringList> rows = readTableRows(unitPath(QString::fromLatin1(kCoilerTableFile)), 6,
+    const QList<QStringList> rows = readTableRows(coilerTableFile(), 6,
                                                   "Error could not read coiler table file!");
     for (const QStringList &row : rows) {
         CoilerTable entry;
@@ -156,7 +167,7 @@ void CameraController::ReadCoilerFile()
 void CameraController::ReadCameraFile()
 {
     cameraLookup.clear();
-    const QList<QStringList> rows = readTableRows(unitPath(QString::fromLatin1(kCameraTableFile)), 5,
+    const QList<QStringList> rows = readTableRows(cameraTableFile(), 5,
                                                   "Error could not read camera table file!");
     for (const QStringList &row : rows) {
         CameraTable entry;
