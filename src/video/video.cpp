@@ -3,6 +3,7 @@
 #include "app/consolesettings.h"
 #include "app/controller.h"
 #include "app/uikeys.h"
+#include "app/unitpaths.h"
 #include "instrument/cameracontroller.h"
 #include "survey/surveydata.h"
 #include "video/camera.h"
@@ -552,7 +553,7 @@ void Video::detectCamera()
     }
     if (detectProcess->state() != QProcess::NotRunning)
         return;
-    detectProcess->start(QStringLiteral("/bin/sh"), {VideoScripts::scriptPath(kCameraDetectScript)});
+    detectProcess->start(QStringLiteral("/bin/sh"), {unitScriptPath(kCameraDetectScript)});
     if (!detectProcess->waitForFinished(kCameraDetectWaitMs))
         qDebug() << "Camera detection still running after" << kCameraDetectWaitMs << "ms";
 }

@@ -33,20 +33,15 @@ void VideoScripts::finishAll()
     }
 }
 
-QString VideoScripts::scriptPath(const QString &name)
-{
-    return unitPath(QStringLiteral("/opt/hbi/bin/") + name);
-}
-
 void VideoScripts::runScript(const QString &name, const QStringList &args)
 {
-    enqueue({QStringLiteral("/bin/sh"), QStringList{scriptPath(name)} + args,
+    enqueue({QStringLiteral("/bin/sh"), QStringList{unitScriptPath(name)} + args,
              (QStringList{name} + args).join(QLatin1Char(' '))});
 }
 
 void VideoScripts::runScriptAsRoot(const QString &name, const QStringList &args)
 {
-    enqueue({QStringLiteral("sudo"), QStringList{scriptPath(name)} + args,
+    enqueue({QStringLiteral("sudo"), QStringList{unitScriptPath(name)} + args,
              (QStringList{QStringLiteral("sudo"), name} + args).join(QLatin1Char(' '))});
 }
 

@@ -23,9 +23,6 @@ public:
     explicit VideoScripts(QObject *parent = nullptr);
     ~VideoScripts() override;
 
-    // The script's unit path: /opt/hbi/bin/<name>.
-    static QString scriptPath(const QString &name);
-
     // /bin/sh <script> <args>
     void runScript(const QString &name, const QStringList &args = {});
     // sudo <script> <args>: the record script needs the capture device and the
