@@ -664,11 +664,13 @@ void Video::comment_key_press(int key, QString text)
 
 void Video::siteSnapshot(QStringList lines)
 {
-    QFile notes(survey()->getDirectory() + kEngineersNotesFile);
+    const QString directory = survey()->getDirectory();
+    QFile notes(directory + kEngineersNotesFile);
     // A new run of the notes dialog starts the file afresh.
-    if (recCount == 0 && notes.exists())
+    if (!directory.isEmpty() && recCount == 0 && notes.exists())
         notes.remove();
-    if (!notes.open(QIODevice::Append)) {
+    // Without a project the notes have no home; never drop them in the working directory.
+    if (directory.isEmpty() || !notes.open(QIODevice::Append)) {
         qWarning().noquote() << "Engineer's notes not saved, cannot open" << notes.fileName();
     } else {
         for (const QString &line : lines) {
