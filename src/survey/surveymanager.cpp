@@ -29,8 +29,11 @@
 
 namespace {
 
-const QString kProjectSizeScript = QStringLiteral("/opt/hbi/bin/get_project_size.sh");
-const QString kDropCacheScript = QStringLiteral("/opt/hbi/bin/drop_cache.sh");
+QString projectSizeScript()
+{
+    return unitPath(QStringLiteral("/opt/hbi/bin/get_project_size.sh"));
+}
+const QString kDropCacheScript = QStringLiteral("drop_cache.sh");
 const QString kSiteImageName = QStringLiteral("ReportSite.png");
 constexpr int kScriptStartMs = 1000;
 
@@ -401,7 +404,7 @@ void SurveyManager::cleanUp()
     ExternalStorage::instance()->setSaveActive(false);
     if (isProjectMode() && m_controllers[m_type])
         m_controllers[m_type]->setSectionOpen(false);
-    QProcess::startDetached(QStringLiteral("/bin/sh"), {unitPath(kDropCacheScript)});
+    QProcess::startDetached(QStringLiteral("/bin/sh"), {unitScriptPath(kDropCacheScript)});
     // Read back as the mode by the parameter entry and WCParams: always "Ostra"
     // once a survey is over, whatever the mode was.
     ConsoleSettings().setValue(QStringLiteral("General/survey_mode"), QStringLiteral("Ostra"));
@@ -524,7 +527,7 @@ bool SurveyManager::checkProjectSize(QString path)
 bool SurveyManager::largeProjectCheck()
 {
     QProcess script;
-    script.start(QStringLiteral("/bin/sh"), {unitPath(kProjectSizeScript), currentProject});
+    script.start(QStringLiteral("/bin/sh"), {projectSizeScript(), currentProject});
     if (!script.waitForStarted(kScriptStartMs)) {
         qWarning() << "Project size script failed to start";
         return false;
