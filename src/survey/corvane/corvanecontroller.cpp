@@ -23,7 +23,7 @@
 
 namespace {
 
-const QString kClearCacheScript = QStringLiteral("/opt/hbi/bin/clear_cache.sh");
+const QString kClearCacheScript = QStringLiteral("clear_cache.sh");
 const QString kSiteImageFile = QStringLiteral("ReportSite.png");
 const QString kMapFile = QStringLiteral("ReportMap.png");
 const QString kProjectSuffix = QStringLiteral(".sur");
@@ -85,7 +85,7 @@ void selectScreen(void (Controller::*select)(), const char *name)
 void runClearCache()
 {
     QProcess script;
-    script.start(QStringLiteral("/bin/sh"), {unitPath(kClearCacheScript)});
+    script.start(QStringLiteral("/bin/sh"), {unitScriptPath(kClearCacheScript)});
     if (!script.waitForFinished(-1))
         qWarning() << "clear_cache.sh did not run:" << script.errorString();
 }
