@@ -5,6 +5,7 @@
 #include "app/uikeys.h"
 #include "app/unitpaths.h"
 #include "instrument/cameracontroller.h"
+#include "reports/corvaneexport.h"
 #include "survey/surveydata.h"
 #include "video/camera.h"
 #include "video/overlay.h"
@@ -291,7 +292,8 @@ void Video::handleVideoRecordingComplete()
         qInfo().noquote() << "MiraculIX export of" << directory << "not available in this build";
         break;
     case SurveyManager::kSurveyType_CORVANE:
-        qInfo().noquote() << "Corvane export of" << directory << "not available in this build";
+        // Kept current after every recording, not only when the project is finalised.
+        CorvaneExport(directory, QString()).startExport();
         break;
     default:
         break;
