@@ -26,6 +26,7 @@ namespace {
 const QString kTimeTag = QStringLiteral("Time");
 const QString kDateTag = QStringLiteral("Date");
 const QSize kKeyPictureSize(64, 40);
+constexpr int kComboMinimumCharacters = 12;
 } // namespace
 
 BaseInfo::BaseInfo(QWidget *parent) : PipeScreen(parent) {}
@@ -171,16 +172,21 @@ QVBoxLayout *BaseInfo::buildFrame(const QString &title, const QString &keyPictur
     body->setSpacing(6);
     page->addLayout(body, 1);
 
+    page->addLayout(keyHintRow(this, keyPicture, keyHint));
+    return body;
+}
+
+QHBoxLayout *BaseInfo::keyHintRow(QWidget *page, const QString &keyPicture, const QString &keyHint)
+{
     auto *foot = new QHBoxLayout;
     foot->addStretch();
-    foot->addWidget(new hbiLabel(tr("Press the"), this, hbiLabel::kHint));
-    auto *key = new QLabel(this);
+    foot->addWidget(new hbiLabel(tr("Press the"), page));
+    auto *key = new QLabel(page);
     key->setPixmap(graphicsPixmap(keyPicture, kKeyPictureSize));
     foot->addWidget(key);
-    foot->addWidget(new hbiLabel(keyHint, this, hbiLabel::kHint));
+    foot->addWidget(new hbiLabel(keyHint, page));
     foot->addStretch();
-    page->addLayout(foot);
-    return body;
+    return foot;
 }
 
 QFormLayout *BaseInfo::addColumn(QBoxLayout *into, int stretch)
@@ -193,13 +199,20 @@ QFormLayout *BaseInfo::addColumn(QBoxLayout *into, int stretch)
     return column;
 }
 
+QLabel *BaseInfo::fieldLabel(const QString &text, QWidget *field)
+{
+    auto *label = new hbiLabel(text, this);
+    // A name that has to go on two lines stays against its field.
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setBuddy(field);
+    return label;
+}
+
 P_LineEdit *BaseInfo::addLineEdit(QFormLayout *column, const QString &label, const QString &tag)
 {
     auto *edit = new P_LineEdit(this);
     edit->setTag(tag);
-    auto *name = new hbiLabel(label, this);
-    name->setBuddy(edit);
-    column->addRow(name, edit);
+    column->addRow(fieldLabel(label, edit), edit);
     return edit;
 }
 
@@ -209,11 +222,13 @@ P_ComboBox *BaseInfo::addComboBox(QFormLayout *column, const QString &label, con
     auto *box = new P_ComboBox(this);
     box->setTag(tag);
     box->addItems(rows);
+    // The closed box shows as much of its row as its column has room for; it must
+    // not take the room of the fields beside it.
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(kComboMinimumCharacters);
     // Long rows must be read whole in the open list even where the closed box is narrow.
     box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 40);
-    auto *name = new hbiLabel(label, this);
-    name->setBuddy(box);
-    column->addRow(name, box);
+    column->addRow(fieldLabel(label, box), box);
     return box;
 }
 

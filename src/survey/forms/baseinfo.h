@@ -9,6 +9,7 @@ class P_ComboBox;
 class P_LineEdit;
 class QFormLayout;
 class QBoxLayout;
+class QHBoxLayout;
 class QLabel;
 class QVBoxLayout;
 class QKeyEvent;
@@ -31,6 +32,8 @@ public:
     // The time as the clock setting shows it: "hh:mm", or "hh:mm AP" in 12-hour mode.
     static QString clockText(int mode);
     static QString formatDate(const char *format);
+    // The foot of a page: "Press the", the picture of the key, and what the keys do.
+    static QHBoxLayout *keyHintRow(QWidget *page, const QString &keyPicture, const QString &keyHint);
 
 public slots:
     // Saves without asking and returns to the live picture.
@@ -72,6 +75,7 @@ protected:
     static void maskRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size);
     void stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size);
     QLabel *labelOf(QWidget *field) const;
+    QLabel *fieldLabel(const QString &text, QWidget *field);
 
     // The Corvane flow's steps after a project or section form.
     void saveProjectAndContinue();

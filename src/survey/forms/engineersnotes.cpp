@@ -2,6 +2,7 @@
 
 #include "app/controller.h"
 #include "app/uikeys.h"
+#include "survey/forms/baseinfo.h"
 #include "survey/forms/icorvaneflow.h"
 #include "widgets/consolestyle.h"
 #include "widgets/graphics.h"
@@ -16,7 +17,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QSaveFile>
-#include <QTextBlock>
 #include <QTextCodec>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -64,15 +64,8 @@ engineersNotes::engineersNotes(QWidget *parent) : PipeScreen(parent)
     page->addWidget(m_edit);
     page->addStretch();
 
-    auto *foot = new QHBoxLayout;
-    foot->addStretch();
-    foot->addWidget(new hbiLabel(tr("Press the"), this, hbiLabel::kHint));
-    auto *key = new QLabel(this);
-    key->setPixmap(graphicsPixmap(QStringLiteral(":/graphics/icon ostra.png"), QSize(64, 40)));
-    foot->addWidget(key);
-    foot->addWidget(new hbiLabel(tr("key to save, ESC to exit"), this, hbiLabel::kHint));
-    foot->addStretch();
-    page->addLayout(foot);
+    page->addLayout(BaseInfo::keyHintRow(this, QStringLiteral(":/graphics/icon ostra.png"),
+                                          tr("key to save, ESC to exit")));
 
     connect(m_edit, &QTextEdit::textChanged, this, &engineersNotes::rewrap);
     connect(this, &engineersNotes::closed, this, &engineersNotes::endEngNotes);
@@ -116,13 +109,15 @@ void engineersNotes::load()
     if (!filePath().isEmpty() && file.open(QIODevice::ReadOnly)) {
         QString notes = decode(file.readAll());
         notes.remove(QLatin1Char('\r'));
-        m_edit->setPlainText(notes);
-        // The page shows the notes as it wraps them; a longer file keeps its first lines.
-        m_edit->setPlainText(firstLines(m_edit->toPlainText(), kMaxLines));
+        // A longer file keeps the first lines the page can show.
+        int end = 0;
+        m_lastFitting = firstLines(wrapLines(notes, kWrapColumn, &end), kMaxLines);
+        m_edit->setPlainText(m_lastFitting);
     } else if (m_notesOf != prjPath) {
         // What was typed for another project must not end up in this one's notes.
         m_edit->clear();
     }
+    m_lastFittingCursor = m_edit->toPlainText().size();
     m_notesOf = prjPath;
 }
 
@@ -160,16 +155,9 @@ void engineersNotes::keyReleaseEvent(QKeyEvent *event)
             box.exec();
         }
         break;
-    default: {
-        const QTextDocument *document = m_edit->document();
-        if (qMax(document->blockCount(), document->lineCount()) > kMaxLines) {
-            QTextCursor end = m_edit->textCursor();
-            end.movePosition(QTextCursor::End);
-            end.deletePreviousChar();
-        }
+    default:
         PipeScreen::keyReleaseEvent(event);
         return;
-    }
     }
     event->accept();
 }
@@ -193,14 +181,21 @@ void engineersNotes::rewrap()
 {
     const QString text = m_edit->toPlainText();
     int cursor = m_edit->textCursor().position();
-    const QString wrapped = wrapLines(text, m_edit->lineWrapColumnOrWidth(), &cursor);
-    if (wrapped == text)
-        return;
-    const QSignalBlocker blocker(m_edit);
-    m_edit->setPlainText(wrapped);
-    QTextCursor restored = m_edit->textCursor();
-    restored.setPosition(qBound(0, cursor, wrapped.size()));
-    m_edit->setTextCursor(restored);
+    QString wrapped = wrapLines(text, m_edit->lineWrapColumnOrWidth(), &cursor);
+    if (wrapped.count(QLatin1Char('\n')) >= kMaxLines) {
+        // The key that would start a ninth line is refused, wrapped words and all.
+        wrapped = m_lastFitting;
+        cursor = m_lastFittingCursor;
+    }
+    if (wrapped != text) {
+        const QSignalBlocker blocker(m_edit);
+        m_edit->setPlainText(wrapped);
+        QTextCursor restored = m_edit->textCursor();
+        restored.setPosition(qBound(0, cursor, wrapped.size()));
+        m_edit->setTextCursor(restored);
+    }
+    m_lastFitting = wrapped;
+    m_lastFittingCursor = cursor;
 }
 
 QString engineersNotes::wrapLines(const QString &text, int column, int *cursor)

@@ -10,7 +10,8 @@ class QShowEvent;
 
 // The engineer's free notes on a project, kept in the project folder as
 // "EngineersNotes.txt" in Windows-1252 for the report. The page holds at most
-// eight lines, wrapped by hand so the file breaks where the screen does.
+// eight lines, wrapped by hand so the file breaks where the screen does; a key
+// that would make a ninth line is undone.
 class engineersNotes : public PipeScreen
 {
     Q_OBJECT
@@ -50,4 +51,7 @@ private:
     QString prjPath;
     // The project whose notes the page holds.
     QString m_notesOf;
+    // The text as it last fitted the page, to go back to when a key overfills it.
+    QString m_lastFitting;
+    int m_lastFittingCursor = 0;
 };

@@ -9,6 +9,9 @@
 #include <QVBoxLayout>
 
 namespace {
+constexpr int kShortFieldWidth = 140;
+constexpr int kListLabelWidth = 140;
+
 QStringList blankFirst(QStringList rows)
 {
     rows.prepend(QString());
@@ -54,11 +57,11 @@ wrcruninfo::wrcruninfo(QWidget *parent) : BaseInfo(parent)
     QVBoxLayout *body = buildFrame(tr("Inspection Information"), QStringLiteral(":/graphics/icon ostra.png"),
                                    tr("key to save, ESC to exit"));
     auto *columns = new QHBoxLayout;
-    columns->setSpacing(20);
+    columns->setSpacing(12);
     body->addLayout(columns);
     // Node names, depths and dates are short; the lists get the room.
-    QFormLayout *left = addColumn(columns, 2);
-    QFormLayout *right = addColumn(columns, 3);
+    QFormLayout *left = addColumn(columns, 0);
+    QFormLayout *right = addColumn(columns, 1);
 
     m_start = addLineEdit(left, tr("Start Node"), QStringLiteral("Start"));
     m_end = addLineEdit(left, tr("End Node"), QStringLiteral("End"));
@@ -96,6 +99,12 @@ wrcruninfo::wrcruninfo(QWidget *parent) : BaseInfo(parent)
                 blankFirst(materials(tr("Brick (BL)"))));
 
     addLineEdit(addColumn(body), tr("Comments"), QStringLiteral("Comments"));
+
+    for (int row = 0; row < left->rowCount(); ++row)
+        left->itemAt(row, QFormLayout::FieldRole)->widget()->setFixedWidth(kShortFieldWidth);
+    // The lists' names go on two lines where they must, so the rows can be read.
+    for (int row = 0; row < right->rowCount(); ++row)
+        right->itemAt(row, QFormLayout::LabelRole)->widget()->setFixedWidth(kListLabelWidth);
 
     maskRunFields(m_date, m_time, m_size);
     connectSurveyKeys();
