@@ -151,7 +151,7 @@ void Controller::runVgaScript()
 
 void Controller::createServices()
 {
-    logServiceAbsent("Camera controller");
+    CameraController::instance();  // lives as long as the process: its chain outlasts any screen
     process = ProcessController::instance(this);
     storagebase = StorageBase::instance(this);
     storage = ExternalStorage::instance(this);

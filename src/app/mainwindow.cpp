@@ -14,6 +14,7 @@
 #include "survey/forms/wrcruninfo.h"
 #include "survey/forms/wrcsiteinfo.h"
 #include "survey/surveymanager.h"
+#include "video/video.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -59,6 +60,7 @@ MainWindow::MainWindow(QWidget *parent)
     setupTime.start();
     buildPages();
     qInfo() << "Screens built in" << setupTime.elapsed() << "ms";
+    connect(m_video, &Video::stopRecord, this, &MainWindow::stopRecord);
 
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
     setFixedSize(kWindowWidth, kWindowHeight);
@@ -98,7 +100,9 @@ void MainWindow::buildPages()
     addPage(m_splash);
     m_login = new Login(m_stack);
     addPage(m_login);
-    m_video = addPlaceholderPage(QStringLiteral("Main screen"));
+    m_video = new Video(m_stack);
+    m_video->setWhatsThis(QStringLiteral("Main screen"));
+    addPage(m_video);
     m_report = addPlaceholderPage(QStringLiteral("Report Screen"));
     m_settings = new Settings(m_stack);
     addPage(m_settings);
@@ -119,6 +123,7 @@ void MainWindow::setController(Controller *controller)
     m_control = controller;
     m_splash->setController(controller);
     m_login->setController(controller);
+    m_video->setController(controller);
 }
 
 int MainWindow::pageCount() const

@@ -11,6 +11,7 @@ class PipeScreen;
 class Splash;
 class Login;
 class Settings;
+class Video;
 class QStackedWidget;
 
 // The one top-level window: all screens as pages of a stack, and the last stop
@@ -79,7 +80,7 @@ private:
 
     Splash *m_splash = nullptr;
     Login *m_login = nullptr;
-    PipeScreen *m_video = nullptr;
+    Video *m_video = nullptr;
     PipeScreen *m_report = nullptr;
     Settings *m_settings = nullptr;
     PipeScreen *m_diagnostics = nullptr;

@@ -20,6 +20,11 @@ QString unitPath(const QString &absolutePath)
     return root + absolutePath;
 }
 
+QString unitScriptPath(const QString &name)
+{
+    return unitPath(QStringLiteral("/opt/hbi/bin/") + name);
+}
+
 QString unitPathWithoutRoot(const QString &resolvedPath)
 {
     const QString root = unitRoot();

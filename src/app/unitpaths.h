@@ -8,6 +8,9 @@
 // put in front, so the whole program can run against a tree of files.
 QString unitPath(const QString &absolutePath);
 
+// A script of the unit's own, by file name: "/opt/hbi/bin/<name>" resolved.
+QString unitScriptPath(const QString &name);
+
 // The root prefix in use, empty on the unit.
 QString unitRoot();
 

@@ -10,7 +10,10 @@
 
 namespace {
 
-const char kClearCacheScript[] = "/opt/hbi/bin/clear_cache.sh";
+QString clearCacheScript()
+{
+    return unitPath(QStringLiteral("/opt/hbi/bin/clear_cache.sh"));
+}
 
 // Paths are joined by concatenation throughout, so a directory must end with "/".
 QString asDirectory(QString path)
@@ -73,7 +76,7 @@ QString SurveyExport::settingText(const QSettings &settings, const QString &key)
 
 void SurveyExport::clearCache()
 {
-    const QString script = unitPath(QString::fromLatin1(kClearCacheScript));
+    const QString script = clearCacheScript();
     if (!QProcess::startDetached(QStringLiteral("/bin/sh"), {script}))
         qWarning() << "Could not start" << script;
 }

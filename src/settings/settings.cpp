@@ -1,15 +1,23 @@
 #include "settings/settings.h"
 
+#include "instrument/cameracontroller.h"
 #include "settings/settingsstatus.h"
+#include "settings/settingssurvey.h"
 
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 Settings::Settings(QWidget *parent) : PipeScreen(parent)
 {
     setWhatsThis(QStringLiteral("Settings screen"));
-    m_status = new SettingsStatus(this);
+    auto *tabs = new QTabWidget(this);
+    m_survey = new SettingsSurvey(tabs);
+    m_status = new SettingsStatus(tabs);
+    m_status->followCamera(CameraController::instance());
+    tabs->addTab(m_survey, tr("Coiler and Camera"));
+    tabs->addTab(m_status, tr("Status"));
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_status);
+    layout->addWidget(tabs);
 }
 
 IStatus *Settings::statusScreen() const

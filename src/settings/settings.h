@@ -5,6 +5,7 @@
 class IStatus;
 class IClock;
 class SettingsStatus;
+class SettingsSurvey;
 
 // The tabbed settings screen. Its tabs arrive with the subsystems they configure.
 class Settings : public PipeScreen
@@ -15,7 +16,9 @@ public:
 
     IStatus *statusScreen() const;
     IClock *clockScreen() const;
+    SettingsSurvey *surveyScreen() const { return m_survey; }
 
 private:
     SettingsStatus *m_status = nullptr;
+    SettingsSurvey *m_survey = nullptr;
 };

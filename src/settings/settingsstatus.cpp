@@ -1,5 +1,7 @@
 #include "settings/settingsstatus.h"
 
+#include "instrument/cameracontroller.h"
+
 #include <QFormLayout>
 #include <QLabel>
 
@@ -13,6 +15,15 @@ SettingsStatus::SettingsStatus(QWidget *parent)
     form->addRow(tr("Power board"), m_version);
     form->addRow(tr("Battery voltage"), m_voltage);
     form->addRow(tr("Battery current"), m_current);
+    m_camera = new QLabel(this);
+    m_cameraSerial = new QLabel(QStringLiteral("-"), this);
+    m_cameraFirmware = new QLabel(QStringLiteral("-"), this);
+    m_cameraService = new QLabel(QStringLiteral("-"), this);
+    form->addRow(tr("Camera"), m_camera);
+    form->addRow(tr("Camera serial number"), m_cameraSerial);
+    form->addRow(tr("Camera firmware"), m_cameraFirmware);
+    form->addRow(tr("Camera last service"), m_cameraService);
+    setCameraState(CameraController::kOldCamMissing);
     for (int light = 0; light < kLightCount; ++light) {
         m_lightLabels[light] = new QLabel(stateName(0), this);
         form->addRow(lightName(Light(light)), m_lightLabels[light]);
@@ -139,4 +150,53 @@ void SettingsStatus::clearFaults()
         m_lightLabels[light]->setText(stateName(0));
     }
     setAdviceText();
+}
+
+void SettingsStatus::followCamera(CameraController *camera)
+{
+    connect(camera, &CameraController::newState, this, &SettingsStatus::setCameraState);
+    connect(camera, &CameraController::newSerial, this, &SettingsStatus::setCameraSerial);
+    connect(camera, &CameraController::newFW, this, &SettingsStatus::setCameraFirmware);
+    connect(camera, &CameraController::newMaintenance, this, &SettingsStatus::setCameraMaintenance);
+}
+
+void SettingsStatus::setCameraState(int state)
+{
+    switch (state) {
+    case CameraController::kOldCamPresent:
+        m_camera->setText(tr("Connected"));
+        break;
+    case CameraController::kNewCamPresent:
+        m_camera->setText(tr("Connected, reporting"));
+        break;
+    default:
+        m_camera->setText(tr("Not connected"));
+        // What a camera that has gone reported no longer holds.
+        m_cameraSerial->setText(QStringLiteral("-"));
+        m_cameraFirmware->setText(QStringLiteral("-"));
+        m_cameraService->setText(QStringLiteral("-"));
+        break;
+    }
+}
+
+void SettingsStatus::setCameraSerial(const QString &serial)
+{
+    m_cameraSerial->setText(serial);
+}
+
+void SettingsStatus::setCameraFirmware(const QString &firmware)
+{
+    m_cameraFirmware->setText(firmware);
+}
+
+void SettingsStatus::setCameraMaintenance(const QDate &date, bool overdue)
+{
+    const QString when = date.toString(QStringLiteral("dd/MM/yyyy"));
+    m_cameraService->setText(overdue ? tr("%1, service due").arg(when) : when);
+}
+
+QString SettingsStatus::cameraText() const
+{
+    return QStringLiteral("%1; %2; %3; %4")
+        .arg(m_camera->text(), m_cameraSerial->text(), m_cameraFirmware->text(), m_cameraService->text());
 }

@@ -2,10 +2,12 @@
 
 #include "app/istatus.h"
 
+#include <QDate>
 #include <QWidget>
 #include <array>
 
 class QLabel;
+class CameraController;
 
 // The status tab of the settings screen: what the power board says about itself
 // and its event logs, one line each.
@@ -38,6 +40,17 @@ public:
     QString versionText() const;
     QString batteryText() const;
     QString adviceText() const;
+    // Camera presence, serial number, firmware and service date, one line.
+    QString cameraText() const;
+
+    // Shows what the camera controller learns of the camera.
+    void followCamera(CameraController *camera);
+
+public slots:
+    void setCameraState(int state);
+    void setCameraSerial(const QString &serial);
+    void setCameraFirmware(const QString &firmware);
+    void setCameraMaintenance(const QDate &date, bool overdue);
 
 private:
     void setLight(Light light, int state);
@@ -50,6 +63,10 @@ private:
     QLabel *m_voltage = nullptr;
     QLabel *m_current = nullptr;
     QLabel *m_advice = nullptr;
+    QLabel *m_camera = nullptr;
+    QLabel *m_cameraSerial = nullptr;
+    QLabel *m_cameraFirmware = nullptr;
+    QLabel *m_cameraService = nullptr;
     bool m_fault = false;
     bool m_fatal = false;
 };

@@ -12,9 +12,20 @@
 #include <QTimer>
 
 namespace {
-const char kFifoPath[] = "/var/hbi/fifo";
-const char kUpdateMountsScript[] = "/opt/hbi/bin/updatemounts.sh";
-const char kStorageInfoScript[] = "/opt/hbi/bin/get_storage_info.sh";
+QString fifoPath()
+{
+    return unitPath(QStringLiteral("/var/hbi/fifo"));
+}
+
+QString updateMountsScript()
+{
+    return unitPath(QStringLiteral("/opt/hbi/bin/updatemounts.sh"));
+}
+
+QString storageInfoScript()
+{
+    return unitPath(QStringLiteral("/opt/hbi/bin/get_storage_info.sh"));
+}
 constexpr int kScriptStartMs = 1000;
 // Lets a burst of FIFO lines settle before the free space is measured.
 constexpr int kUpdateDelayMs = 10;
@@ -42,7 +53,7 @@ ExternalStorage::ExternalStorage(QObject *parent)
     qRegisterMetaType<StorageBase::StorageItem>("StorageBase::StorageItem");
 
     m_ext_delegate = new ExternalStorageDelegate(this);
-    auto *fifo = new FifoLine(unitPath(QString::fromLatin1(kFifoPath)), this);
+    auto *fifo = new FifoLine(fifoPath(), this);
     fifo->setDelegate(m_ext_delegate);
     m_fifo = fifo;
     if (m_fifo->open() != 0)
@@ -56,7 +67,7 @@ ExternalStorage::ExternalStorage(QObject *parent)
 void ExternalStorage::init()
 {
     setSaveIndex(saveIndex());
-    const QString script = unitPath(QString::fromLatin1(kUpdateMountsScript));
+    const QString script = updateMountsScript();
     if (!QProcess::startDetached(QStringLiteral("/bin/sh"), {script}))
         qWarning() << "Could not start" << script;
 }
@@ -133,7 +144,7 @@ void ExternalStorage::update()
 bool ExternalStorage::measureMinutesLeft(const QString &path, int *minutes) const
 {
     QProcess script;
-    script.start(QStringLiteral("/bin/sh"), {unitPath(QString::fromLatin1(kStorageInfoScript)), path});
+    script.start(QStringLiteral("/bin/sh"), {storageInfoScript(), path});
     if (!script.waitForStarted(kScriptStartMs)) {
         qWarning() << "Storage info script failed to start:" << script.errorString();
         return false;

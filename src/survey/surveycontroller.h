@@ -34,7 +34,7 @@ public:
     QString directory() const { return m_directory; }
     // A project mode records only into an open section; the manager asks before
     // every recording and closes the section when the recording ends.
-    bool sectionOpen() const { return m_sectionOpen; }
+    virtual bool sectionOpen() const { return m_sectionOpen; }
     void setSectionOpen(bool open) { m_sectionOpen = open; }
 
 signals:

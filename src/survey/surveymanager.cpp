@@ -5,6 +5,7 @@
 #include "app/unitpaths.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
+#include "survey/corvane/corvanecontroller.h"
 #include "survey/corvane/corvanedata.h"
 #include "survey/observationline.h"
 #include "survey/wincan/wincandata.h"
@@ -28,8 +29,11 @@
 
 namespace {
 
-const QString kProjectSizeScript = QStringLiteral("/opt/hbi/bin/get_project_size.sh");
-const QString kDropCacheScript = QStringLiteral("/opt/hbi/bin/drop_cache.sh");
+QString projectSizeScript()
+{
+    return unitPath(QStringLiteral("/opt/hbi/bin/get_project_size.sh"));
+}
+const QString kDropCacheScript = QStringLiteral("drop_cache.sh");
 const QString kSiteImageName = QStringLiteral("ReportSite.png");
 constexpr int kScriptStartMs = 1000;
 
@@ -54,6 +58,7 @@ SurveyManager::SurveyManager(IVideoScreen *video, QObject *parent) : QObject(par
     BasicController *basic = BasicController::instance(this);
     basic->setVideoScreen(video);
     registerController(kSurveyType_BASIC, basic);
+    registerController(kSurveyType_CORVANE, CorvaneController::instance(this));
 
     checkProjectSizeTimer = new QTimer(this);
     connect(checkProjectSizeTimer, &QTimer::timeout, this, &SurveyManager::largeProjectCheck);
@@ -86,6 +91,11 @@ SurveyController *SurveyManager::controller() const
     return current ? current : m_controllers[kSurveyType_BASIC];
 }
 
+CorvaneController *SurveyManager::corvane() const
+{
+    return qobject_cast<CorvaneController *>(m_controllers[kSurveyType_CORVANE]);
+}
+
 void SurveyManager::askModeController(const char *step)
 {
     qInfo().noquote() << QStringLiteral("%1: not available in survey mode %2 yet")
@@ -100,6 +110,9 @@ void SurveyManager::handleAction(ActionType action, int value)
         return;
     switch (action) {
     case kActionCorvane:
+        if (CorvaneController *ostra = corvane())
+            ostra->closeDialogue();
+        Q_FALLTHROUGH();
     case kActionWincan:
         if (SurveyController *mode = m_controllers[action == kActionCorvane ? kSurveyType_CORVANE : kSurveyType_WINCAN])
             mode->button_push();
@@ -141,7 +154,10 @@ void SurveyManager::handleAction(ActionType action, int value)
                                SLOT(setCounter(int,QString)), false);
         break;
     case kActionPDF:
-        askModeController("PDF report");
+        if (CorvaneController *ostra = corvane())
+            ostra->exportAsPDF();
+        else
+            askModeController("PDF report");
         break;
     default:
         qInfo() << "Unsuported action in Survey Manager" << action;
@@ -159,7 +175,9 @@ void SurveyManager::handleText(QChar key)
 
 void SurveyManager::appendEndNodeRef(QString ref)
 {
-    if (isProjectMode())
+    if (m_type == kSurveyType_CORVANE && corvane())
+        corvane()->updateEndNode(ref);
+    else if (isProjectMode())
         askModeController(qPrintable(QStringLiteral("End node ") + ref));
 }
 
@@ -182,6 +200,8 @@ SurveyData *SurveyManager::getSurveyData()
     // The project modes will hand out their own stores; until then both live here.
     static CorvaneData corvaneData;
     static WinCanData winCanData;
+    if (m_type == kSurveyType_CORVANE && corvane())
+        return corvane()->surveyData();
     if (m_type == kSurveyType_WINCAN)
         return &winCanData;
     return &corvaneData;
@@ -320,7 +340,12 @@ void SurveyManager::askStartQuestions()
         m_video->dummyEscape();
         takeSnapshot(false);
         const bool wrc = ConsoleSettings().value(QStringLiteral("SurveyData/WRC"), false).toBool();
-        askModeController(languageCode() != QLatin1String("en-US") && wrc ? "Start node list" : "Ostra start pop-up");
+        if (languageCode() != QLatin1String("en-US") && wrc)
+            askModeController("Start node list");
+        else if (CorvaneController *ostra = corvane())
+            ostra->startostraPopUp();
+        else
+            askModeController("Ostra start pop-up");
     } else if (m_type == kSurveyType_WINCAN) {
         askModeController("WinCan start questions");
     }
@@ -347,6 +372,16 @@ void SurveyManager::handleStop()
 
 bool SurveyManager::askEndQuestions()
 {
+    const bool wrc = ConsoleSettings().value(QStringLiteral("SurveyData/WRC"), false).toBool();
+    // Record asks "not en-US", Stop asks "en-GB": an en-AU WRC survey starts on
+    // the node list and ends on the standard questions.
+    CorvaneController *ostra = m_type == kSurveyType_CORVANE ? corvane() : nullptr;
+    if (ostra && !(languageCode() == QLatin1String("en-GB") && wrc)) {
+        connect(ostra, &CorvaneController::goodStop, this, qOverload<>(&SurveyManager::takeSnapshot),
+                Qt::UniqueConnection);
+        ostra->showOstraEndQuestions();
+        return true;
+    }
     // Until the project modes ask their end questions, their recordings end as a
     // basic one does: a recording must always be able to stop.
     if (isProjectMode() && !m_controllers[m_type])
@@ -369,7 +404,7 @@ void SurveyManager::cleanUp()
     ExternalStorage::instance()->setSaveActive(false);
     if (isProjectMode() && m_controllers[m_type])
         m_controllers[m_type]->setSectionOpen(false);
-    QProcess::startDetached(QStringLiteral("/bin/sh"), {unitPath(kDropCacheScript)});
+    QProcess::startDetached(QStringLiteral("/bin/sh"), {unitScriptPath(kDropCacheScript)});
     // Read back as the mode by the parameter entry and WCParams: always "Ostra"
     // once a survey is over, whatever the mode was.
     ConsoleSettings().setValue(QStringLiteral("General/survey_mode"), QStringLiteral("Ostra"));
@@ -492,7 +527,7 @@ bool SurveyManager::checkProjectSize(QString path)
 bool SurveyManager::largeProjectCheck()
 {
     QProcess script;
-    script.start(QStringLiteral("/bin/sh"), {unitPath(kProjectSizeScript), currentProject});
+    script.start(QStringLiteral("/bin/sh"), {projectSizeScript(), currentProject});
     if (!script.waitForStarted(kScriptStartMs)) {
         qWarning() << "Project size script failed to start";
         return false;

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+class CorvaneController;
 class HBIMessageBox;
 class IVideoScreen;
 class QTimer;
@@ -120,6 +121,8 @@ private:
     void waitForHeadsetDetection();
     int surveyFileInit();
     SurveyController *controller() const;
+    // The ostra mode's own flow, when that is the controller registered for it.
+    CorvaneController *corvane() const;
     bool isProjectMode() const { return m_type == kSurveyType_CORVANE || m_type == kSurveyType_WINCAN; }
     // The steps the Corvane and WinCan flows take over. askEndQuestions is true
     // when the mode ends the recording itself, after its questions.

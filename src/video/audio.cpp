@@ -10,9 +10,9 @@
 
 namespace {
 
-const QString kDetectScript = QStringLiteral("/opt/hbi/bin/headphone_detect.sh");
-const QString kModeScript = QStringLiteral("/opt/hbi/bin/audio_mode.sh");
-const QString kStartupScript = QStringLiteral("/opt/hbi/bin/audio_startup.sh");
+const QString kDetectScript = QStringLiteral("headphone_detect.sh");
+const QString kModeScript = QStringLiteral("audio_mode.sh");
+const QString kStartupScript = QStringLiteral("audio_startup.sh");
 // headphone_detect.sh's verdict.
 constexpr int kHeadsetPresent = 1;
 constexpr int kHeadsetAbsent = 0;
@@ -23,11 +23,11 @@ const QString kBuiltInMode = QStringLiteral("1");
 void runScript(const QString &script, const QStringList &arguments, int waitMs)
 {
     if (waitMs <= 0) {
-        QProcess::startDetached(QStringLiteral("/bin/sh"), QStringList{unitPath(script)} + arguments);
+        QProcess::startDetached(QStringLiteral("/bin/sh"), QStringList{unitScriptPath(script)} + arguments);
         return;
     }
     QProcess process;
-    process.start(QStringLiteral("/bin/sh"), QStringList{unitPath(script)} + arguments);
+    process.start(QStringLiteral("/bin/sh"), QStringList{unitScriptPath(script)} + arguments);
     if (!process.waitForFinished(waitMs))
         qWarning().noquote() << script << "did not finish within" << waitMs << "ms";
 }
@@ -79,7 +79,7 @@ void audio::microphone_detect()
             process->kill();
         }
     });
-    m_process->start(QStringLiteral("/bin/sh"), {unitPath(kDetectScript)});
+    m_process->start(QStringLiteral("/bin/sh"), {unitScriptPath(kDetectScript)});
 }
 
 void audio::microphone_exit(int code, QProcess::ExitStatus status)

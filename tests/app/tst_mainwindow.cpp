@@ -1,4 +1,5 @@
 #include "app/controller.h"
+#include "app/ivideoscreen.h"
 #include "app/mainwindow.h"
 #include "app/pipescreen.h"
 #include "app/uikeys.h"
@@ -156,6 +157,10 @@ private slots:
         goTo(Controller::kScreenVideo);
         release(Ui::Key_MediaRecord);
         QVERIFY(capture.contains("kActionRecord"));
+        // The main screen really records now: end it so the screens open again.
+        m_window->stopRecord();
+        QVERIFY(!m_window->videoScreen()->isRecording());
+        QTRY_VERIFY_WITH_TIMEOUT(m_unit.kitLog().join('\n').contains("recording stopped"), 20000);
     }
 
     void escapeLeavesHelpAndSettings()

@@ -88,7 +88,7 @@ void BoardModel::setCamera(Camera camera)
         {"CAM:STATE", "1"},
         {"CAM:SONDE", "0"},
         {"CAM:SONDE:FREQ", "33"},
-        {"CAM:OVRD", "01"},
+        {"CAM:OVRD", "00"},
     });
     resetCameraLogs();
 }
@@ -137,8 +137,9 @@ QStringList BoardModel::answer(const QString &command)
         return {};
     }
     if (key == "CAM:OVRD" && words.size() >= 2 && m_values.contains("CAM:OVRD")) {
+        // The right code acknowledges the camera's alarm; a wrong one leaves it armed.
         if (words[1] == m_passCode)
-            m_values["CAM:OVRD"] = QStringLiteral("00");
+            m_values["CAM:OVRD"] = QStringLiteral("02");
         return {};
     }
     if (kStoredSettings.contains(key) && words.size() == 2) {

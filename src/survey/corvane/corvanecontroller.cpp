@@ -1,0 +1,754 @@
+#include "survey/corvane/corvanecontroller.h"
+
+#include "app/consolesettings.h"
+#include "app/controller.h"
+#include "app/ivideoscreen.h"
+#include "app/unitpaths.h"
+#include "reports/corvaneexport.h"
+#include "storage/externalstorage.h"
+#include "survey/corvane/corvanesurveyfiles.h"
+#include "survey/surveymanager.h"
+#include "survey/surveypaths.h"
+
+#include <QDateTime>
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QProcess>
+#include <QTimer>
+
+namespace {
+
+const QString kClearCacheScript = QStringLiteral("clear_cache.sh");
+const QString kSiteImageFile = QStringLiteral("ReportSite.png");
+const QString kMapFile = QStringLiteral("ReportMap.png");
+const QString kProjectSuffix = QStringLiteral(".sur");
+
+// The last row of these two menus asks for the answer as text.
+constexpr int kOtherMaterialRow = 7;
+constexpr int kOtherUsageRow = 7;
+
+QStringList materialRows()
+{
+    return {CorvaneController::tr("Cancel"),         CorvaneController::tr("Vitrified Clay (VC)"),
+            CorvaneController::tr("Polyvinyl Chloride (PVC)"), CorvaneController::tr("Cast Iron (CI)"),
+            CorvaneController::tr("Concrete (CO)"),  CorvaneController::tr("Brick (BR)"),
+            CorvaneController::tr("Pitch Fibre (PF)"), CorvaneController::tr("Other (Z)")};
+}
+
+QStringList directionRows()
+{
+    return {CorvaneController::tr("Upstream (U)"), CorvaneController::tr("Downstream (D)"),
+            CorvaneController::tr("Unknown (Z)")};
+}
+
+QStringList usageRows()
+{
+    return {CorvaneController::tr("Cancel"),         CorvaneController::tr("Combined"),
+            CorvaneController::tr("Foul"),           CorvaneController::tr("Storm"),
+            CorvaneController::tr("Trade Effulent"), CorvaneController::tr("Culverted Watercourse"),
+            CorvaneController::tr("Subsoil or Field Drainage"), CorvaneController::tr("Other")};
+}
+
+bool settingIsTrue(const QString &key)
+{
+    return ConsoleSettings().value(key, false).toBool();
+}
+
+bool englishUk()
+{
+    return ConsoleSettings().value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString()
+           == QLatin1String("en-GB");
+}
+
+QString clockTimeFormat()
+{
+    return ConsoleSettings().value(QStringLiteral("Clock_mode"), QStringLiteral("0")).toInt() != 0
+               ? QStringLiteral("hh:mm AP")
+               : QStringLiteral("hh:mm");
+}
+
+// Forms and pages belong to the screen controller, which a bare survey (tests,
+// start-up before the screens exist) does not have.
+void selectScreen(void (Controller::*select)(), const char *name)
+{
+    if (Controller *control = Controller::instance())
+        (control->*select)();
+    else
+        qInfo() << "No screen controller to show" << name;
+}
+
+void runClearCache()
+{
+    QProcess script;
+    script.start(QStringLiteral("/bin/sh"), {unitScriptPath(kClearCacheScript)});
+    if (!script.waitForFinished(-1))
+        qWarning() << "clear_cache.sh did not run:" << script.errorString();
+}
+
+} // namespace
+
+CorvaneController::CorvaneController(QObject *parent) : SurveyController(parent)
+{
+    connect(this, &SurveyController::started, this, &CorvaneController::handleStart);
+    connect(this, &SurveyController::newProject, this, &CorvaneController::handleNewProject);
+    connect(this, &SurveyController::openProject, this, &CorvaneController::handleOpenProject);
+    connect(this, &SurveyController::newSection, this, &CorvaneController::handleNewSection);
+    connect(this, &CorvaneController::enterEngNotesSig, this, &CorvaneController::selectEngineersNotes);
+    m_timer = new QTimer(this);
+    m_timer->setSingleShot(true);
+    m_timer->setInterval(kBeginNoteMs);
+    connect(m_timer, &QTimer::timeout, this, &CorvaneController::closePopUp);
+}
+
+CorvaneController *CorvaneController::instance(QObject *parent)
+{
+    static QMutex mutex;
+    static CorvaneController *theInstance = nullptr;
+    QMutexLocker lock(&mutex);
+    if (!theInstance)
+        theInstance = new CorvaneController(parent);
+    return theInstance;
+}
+
+bool CorvaneController::wrcEnabled()
+{
+    return settingIsTrue(QStringLiteral("OSTRA/wrc en"));
+}
+
+QString CorvaneController::projectFolderName()
+{
+    return ConsoleSettings().value(QStringLiteral("SurveyData/SiteName"), QStringLiteral("project")).toString();
+}
+
+bool CorvaneController::sectionOpen() const
+{
+    return wrcEnabled() ? m_sectionOpen : true;
+}
+
+// ---- Screen helpers ----------------------------------------------------------
+
+void CorvaneController::showMenu(const QString &title, const QStringList &rows, const char *slot)
+{
+    if (m_video)
+        m_video->showMenu(title, rows, this, slot, false);
+}
+
+void CorvaneController::showSelectMenu(const QStringList &rows, const char *slot)
+{
+    showMenu(tr("Select:"), rows, slot);
+}
+
+void CorvaneController::showTextEntry(const QString &title, const char *slot, bool mandatory)
+{
+    if (m_video)
+        m_video->showTextEntry(title, {QString(), tr("Press OK to Accept")}, this, slot, mandatory);
+}
+
+void CorvaneController::showNote(const QString &text, const char *slot)
+{
+    if (m_video)
+        m_video->showMessage(tr("Note:"), {text}, slot ? this : nullptr, slot);
+}
+
+void CorvaneController::sendReturnToScreen()
+{
+    if (!m_video)
+        return;
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    m_video->keyPressEvent(&press);
+}
+
+void CorvaneController::closeDialogue()
+{
+    if (m_video)
+        m_video->closeDialogue();
+}
+
+void CorvaneController::closePopUp()
+{
+    emit closeMessageBox();
+    sendReturnToScreen();
+}
+
+void CorvaneController::showInstructions(CorvaneController::popup_type type)
+{
+    mPopupType = type;
+    QTimer::singleShot(kInstructionDelayMs, this, &CorvaneController::showInstructionsSlot);
+}
+
+void CorvaneController::showInstructionsSlot()
+{
+    showNote(mPopupType == kStartmessage
+                 ? tr("Press record to start survey or press ostra key for further options")
+                 : tr("Press record to survey new section or press ostra key for further options"));
+    mOstraInstruction = true;
+}
+
+// ---- The mode key ------------------------------------------------------------
+
+QString CorvaneController::siteImageRow() const
+{
+    return QFile::exists(m_prj_directory + kSiteImageFile) ? tr("Replace Site Image") : tr("Add Site Image");
+}
+
+QString CorvaneController::mapRow() const
+{
+    return QFile::exists(m_prj_directory + kMapFile) ? tr("Replace Map") : tr("Insert Map Overview");
+}
+
+void CorvaneController::button_push()
+{
+    // Read back by the observation entry, which must know the mode without the manager.
+    ConsoleSettings().setValue(QStringLiteral("General/survey_mode"), QStringLiteral("Ostra"));
+    if (!m_video) {
+        qInfo() << "Ostra menu: no video screen";
+        return;
+    }
+    const bool wrc = wrcEnabled();
+    const bool recording = m_video->isRecording();
+
+    if (m_enabled && recording) {
+        QStringList rows = {tr("Cancel"), tr("End section")};
+        if (settingIsTrue(QStringLiteral("SurveyData/WRC")))
+            rows << tr("Continuous defects");
+        showSelectMenu(rows, SLOT(menuObservation(int)));
+    } else if (m_enabled && m_sectionOpen) {
+        if (mOstraInstruction) {
+            sendReturnToScreen();
+            mOstraInstruction = false;
+        }
+        QStringList rows = {tr("Cancel"), tr("Close Project"), siteImageRow()};
+        if (wrc)
+            rows << tr("Edit Section");
+        showSelectMenu(rows, SLOT(menuOstraSelected(int)));
+    } else if (m_enabled) {
+        QStringList rows = {tr("Cancel"),     tr("New Section"), tr("Close Project"), tr("Finalise Report"),
+                            siteImageRow(), mapRow(),          tr("Add Engineer's Notes")};
+        if (wrc)
+            rows << tr("Edit Section");
+        showSelectMenu(rows, SLOT(menuDeselected(int)));
+    } else if (SurveyManager::instance()->type() == SurveyManager::kSurveyType_BASIC) {
+        if (recording) {
+            showNote(tr("Not available while recording"), SLOT(menuCancel(int)));
+            return;
+        }
+        showSelectMenu({tr("Cancel"), tr("New Project"), tr("Open Project")}, SLOT(menuSelected(int)));
+        emit started();
+    }
+}
+
+void CorvaneController::openOstraMenu(int)
+{
+    button_push();
+}
+
+void CorvaneController::menuSelected(int row)
+{
+    switch (row) {
+    case 0:
+        emit exit();
+        break;
+    case 1: {
+        QStringList rows = {tr("Cancel"), tr("Standard ostra")};
+        // The WRC schema is a UK one.
+        if (englishUk())
+            rows << tr("Standard ostra + WRC");
+        showMenu(tr("Welcome to ostra reporting. What report format would you like to create?"), rows,
+                 SLOT(menuWRC(int)));
+        break;
+    }
+    case 2:
+        setEnabled(true);
+        emit openProject();
+        break;
+    default:
+        break;
+    }
+}
+
+void CorvaneController::menuWRC(int row)
+{
+    if (row == 0) {
+        setEnabled(false);
+        emit exit();
+        openOstraMenu(0);
+        return;
+    }
+    if (row != 1 && row != 2)
+        return;
+    ConsoleSettings().setValue(QStringLiteral("OSTRA/wrc en"), row == 2);
+    m_surveyData.clear();
+    setEnabled(true);
+    emit newProject();
+}
+
+void CorvaneController::handleStart()
+{
+    SurveyManager::instance()->setType(SurveyManager::kSurveyType_CORVANE);
+    if (m_video)
+        m_video->setLogo(SurveyManager::kSurveyType_CORVANE);
+}
+
+void CorvaneController::handleNewProject()
+{
+    if (englishUk() && wrcEnabled())
+        selectScreen(&Controller::selectWRCSiteInfoScreen, "the WRC project form");
+    else
+        selectScreen(&Controller::selectSiteInfoScreen, "the project form");
+    m_sectionOpen = false;
+}
+
+void CorvaneController::cvStopped()
+{
+    m_sectionOpen = false;
+    emit exit();
+}
+
+// ---- Projects ------------------------------------------------------------------
+
+void CorvaneController::handleOpenProject()
+{
+    m_cv_path = ExternalStorage::instance()->getSaveToPath();
+    const QStringList folders =
+        QDir(SurveyPaths::surveyRoot(m_cv_path)).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    m_cv_projects.clear();
+    for (const QString &folder : folders) {
+        if (folder.endsWith(kProjectSuffix))
+            m_cv_projects << folder;
+    }
+    showMenu(tr("Select Project To Open:"), QStringList{tr("Cancel")} + m_cv_projects, SLOT(openCVProject(int)));
+}
+
+void CorvaneController::openCVProject(int row)
+{
+    if (row <= 0 || row > m_cv_projects.size()) {
+        setEnabled(false);
+        emit exit();
+        return;
+    }
+    const QString folder = m_cv_projects.at(row - 1);
+    m_surveyData.set(QStringLiteral("SiteName"), folder.chopped(kProjectSuffix.size()));
+    m_prj_directory = SurveyPaths::surveyRoot(m_cv_path) + folder + QLatin1Char('/');
+    SurveyManager::instance()->setType(SurveyManager::kSurveyType_CORVANE);
+    m_sectionOpen = false;
+    CorvaneSurveyFiles::restoreProject(m_prj_directory, m_surveyData);
+    qInfo().noquote() << "Opened project" << m_prj_directory;
+    button_push();
+}
+
+void CorvaneController::setProjectPath()
+{
+    const QString device = ExternalStorage::instance()->getSaveToPath();
+    if (device.isEmpty())
+        qWarning() << "No save-to device: the project folder cannot be made";
+    m_prj_directory = SurveyPaths::corvaneProjectDirectory(device, projectFolderName());
+    // A folder that could not be made shows at the first recording, which is refused.
+    ExternalStorage::instance()->mkdir(m_prj_directory);
+    surveyfileInit();
+    emit newSection();
+}
+
+int CorvaneController::surveyfileInit()
+{
+    CorvaneSurveyFiles::writeProject(m_prj_directory, m_surveyData);
+    return 0;
+}
+
+// ---- Sections ------------------------------------------------------------------
+
+void CorvaneController::handleNewSection()
+{
+    if (!SurveyManager::instance()->checkProjectSize(m_prj_directory))
+        return;
+    SurveyManager::instance()->handleAction(SurveyManager::kActionResetCounter, 0);
+    if (CorvaneExport::wrcFieldsWanted()) {
+        selectScreen(&Controller::selectWRCRunInfoScreen, "the WRC section form");
+        m_sectionOpen = true;
+        return;
+    }
+    skipRunInfo();
+    showInstructions(kStartmessage);
+}
+
+void CorvaneController::skipRunInfo()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString date = now.toString(QStringLiteral("dd/MM/yy"));
+    const QString time = now.toString(clockTimeFormat());
+    // The stamp goes to the section recorded last, if there is one; the next
+    // section takes it from the live values when its folder is made.
+    if (QFileInfo(m_directory).isDir()) {
+        CorvaneSurveyFiles::writeSectionValue(m_directory, QStringLiteral("Date"), date);
+        CorvaneSurveyFiles::writeSectionValue(m_directory, QStringLiteral("Time"), time);
+    }
+    m_surveyData.set(QStringLiteral("Date"), date);
+    m_surveyData.set(QStringLiteral("Time"), time);
+    m_sectionOpen = true;
+}
+
+int CorvaneController::prepareDirectory()
+{
+    const QString device = ExternalStorage::instance()->getSaveToPath();
+    if (device.isEmpty()) {
+        qInfo() << "prepareDirectory failed because there is no directory set";
+        return kNoStorage;
+    }
+    const QString project = SurveyPaths::corvaneProjectDirectory(device, projectFolderName());
+    QString section;
+    for (int number = 1;; ++number) {
+        section = project + SurveyPaths::corvaneSectionFolder(number);
+        if (!QFile::exists(section))
+            break;
+    }
+    if (ExternalStorage::instance()->mkdir(section) != 0)
+        return kDirectoryFailed;
+    m_directory = section;
+    m_snapshotCount = 0;
+    saveSectionDatabase();
+    return kPrepared;
+}
+
+void CorvaneController::saveSectionDatabase()
+{
+    if (QFileInfo(m_directory).isDir())
+        CorvaneSurveyFiles::writeSection(m_directory, m_surveyData);
+    else
+        qInfo().noquote() << "No section folder to write the section file in:" << m_directory;
+}
+
+void CorvaneController::editSectionDatabase()
+{
+    if (!m_EditSection)
+        return;
+    m_EditSection = false;
+    setSectionOpen(false);
+    saveSectionDatabase();
+}
+
+void CorvaneController::updateEndNode(QString text)
+{
+    m_surveyData.set(QStringLiteral("End"), text);
+    saveSectionDatabase();
+}
+
+// The live value goes under the literal key "tag", not under `key`: the answers
+// of a recording change the section file only, and the next section starts from
+// the forms' values again. Operators rely on that.
+void CorvaneController::adjustSectionInformation(const QString &key, const QString &value)
+{
+    if (QFileInfo(m_directory).isDir())
+        CorvaneSurveyFiles::writeSectionValue(m_directory, key, value);
+    else
+        qInfo().noquote() << "No section folder for" << key << "=" << value;
+    m_surveyData.set(QStringLiteral("tag"), value);
+}
+
+// ---- Menus of an open project --------------------------------------------------
+
+void CorvaneController::showImageNote()
+{
+    showNote(tr("press the snapshot button to take an image or connect your mobile device via the USB port and follow "
+                "the instructions on the ostra app"),
+             SLOT(openOstraMenu(int)));
+}
+
+void CorvaneController::menuDeselected(int row)
+{
+    ConsoleSettings().setValue(QStringLiteral("General/survey_mode"), QStringLiteral("Ostra"));
+    switch (row) {
+    case 0:
+        if (!wrcEnabled())
+            showInstructions(kNewSection);
+        break;
+    case 1:
+        setSectionOpen(true);
+        emit newSection();
+        break;
+    case 2:
+        setEnabled(false);
+        emit exit();
+        openOstraMenu(0);
+        break;
+    case 3:
+        showNote(tr("Generating ostra Report"));
+        QTimer::singleShot(kReportNoteMs, this, &CorvaneController::exportProject);
+        break;
+    case 4:
+        showImageNote();
+        break;
+    case 5:
+        showNote(tr("connect your mobile device via the USB port and follow the instructions on the ostra app"),
+                 SLOT(openOstraMenu(int)));
+        break;
+    case 6:
+        emit enterEngNotesSig();
+        break;
+    case 7:
+        m_EditSection = true;
+        setSectionOpen(true);
+        surveyfileInit();
+        emit newSection();
+        break;
+    default:
+        break;
+    }
+}
+
+void CorvaneController::menuOstraSelected(int row)
+{
+    switch (row) {
+    case 0:
+        showInstructions(kStartmessage);
+        break;
+    case 1:
+        setEnabled(false);
+        emit exit();
+        break;
+    case 2:
+        showImageNote();
+        break;
+    case 3:
+        setSectionOpen(true);
+        emit newSection();
+        break;
+    default:
+        break;
+    }
+}
+
+void CorvaneController::menuObservation(int row)
+{
+    if (row == 1) {
+        if (m_video)
+            m_video->showDialogue(tr("Are you sure you want to stop the recording?"), {tr("No"), tr("Yes")}, this,
+                                  SLOT(menuEndSection(int)));
+    } else if (row == 2) {
+        qInfo() << "Continuous defects need the defect catalogue, which this build does not have";
+    }
+}
+
+void CorvaneController::menuEndSection(int row)
+{
+    if (row != 1)
+        return;
+    SurveyManager::instance()->handleAction(SurveyManager::kActionStop, 0);
+    m_sectionOpen = false;
+}
+
+void CorvaneController::selectEngineersNotes()
+{
+    selectScreen(&Controller::selectEngNoteScreen, "the engineer's notes");
+}
+
+void CorvaneController::endEngNotes()
+{
+    button_push();
+}
+
+// ---- Reports ---------------------------------------------------------------------
+
+void CorvaneController::exportProject()
+{
+    CorvaneExport(m_prj_directory, QString()).startExport();
+    if (CorvaneExport::wrcFieldsWanted())
+        qInfo() << "WRC export not available in this build: no WRC file for" << m_prj_directory;
+    qInfo() << "PDF report pipeline not available in this build: the project has its text export only";
+}
+
+void CorvaneController::finishResize(QString path)
+{
+    runClearCache();
+    inputReportPath = path;
+    emit resizeFinished();
+}
+
+void CorvaneController::exportAsPDF()
+{
+    runClearCache();
+    if (inputReportPath.isEmpty() || !QFile::exists(inputReportPath)) {
+        qInfo() << "No PDF report to offer: the PDF report pipeline is not available in this build";
+        return;
+    }
+    showMenu(tr("ostra report successfully generated. Do you wish to transfer the report to the ostra app?"),
+             {tr("Yes"), tr("No")}, SLOT(menuReportTransfer(int)));
+    ExternalStorage::instance()->update();
+}
+
+void CorvaneController::menuReportTransfer(int row)
+{
+    if (row == 0)
+        showNote(tr("connect your mobile device via the USB port and follow the instructions on the ostra app"),
+                 SLOT(openOstraMenu(int)));
+    else
+        openOstraMenu(0);
+}
+
+// ---- Start questions ---------------------------------------------------------------
+
+void CorvaneController::setStatusItem(int item, const QString &text)
+{
+    m_statusItems[item] = text;
+    QStringList shown;
+    for (const QString &entry : qAsConst(m_statusItems)) {
+        if (!entry.isEmpty())
+            shown << entry;
+    }
+    if (m_video)
+        m_video->showStatusBar(QString(), shown);
+}
+
+void CorvaneController::startostraPopUp()
+{
+    if (m_video)
+        m_video->dummyEscape();
+    m_statusItems = QStringList{QString(), QString()};
+    showTextEntry(tr("Surveyed By?\t\t"), SLOT(handleSurveyedBy(int,QString)));
+}
+
+void CorvaneController::handleSurveyedBy(int key, QString text)
+{
+    if (key != 0)
+        adjustSectionInformation(QStringLiteral("SEngineer"), text);
+    showTextEntry(tr("Enter Start Node Information (Mandatory)"), SLOT(handleStartNode(int,QString)), true);
+}
+
+void CorvaneController::handleStartNode(int key, QString text)
+{
+    // The section is not filed without its start node: the question stays.
+    if (key == 0 || text.trimmed().isEmpty()) {
+        showTextEntry(tr("Enter Start Node Information (Mandatory)"), SLOT(handleStartNode(int,QString)), true);
+        return;
+    }
+    adjustSectionInformation(QStringLiteral("Start"), text);
+    setStatusItem(0, tr("Start Point: ") + text);
+    askInvertDepth();
+}
+
+void CorvaneController::askInvertDepth()
+{
+    showTextEntry(tr("Enter Start Node Invert Depth"), SLOT(handleInvertDepth(int,QString)));
+}
+
+void CorvaneController::handleInvertDepth(int key, QString text)
+{
+    if (key != 0)
+        adjustSectionInformation(QStringLiteral("Invert"), text);
+    showMenu(tr("Enter Pipe Material"), materialRows(), SLOT(handleMaterial(int)));
+}
+
+void CorvaneController::handleMaterial(int row)
+{
+    if (row == kOtherMaterialRow) {
+        showTextEntry(tr("Enter Pipe Material"), SLOT(handleOtherMaterial(int,QString)));
+        return;
+    }
+    if (row > 0 && row < kOtherMaterialRow)
+        adjustSectionInformation(QStringLiteral("Material"), materialRows().at(row));
+    askPipeSize();
+}
+
+void CorvaneController::handleOtherMaterial(int key, QString text)
+{
+    if (key != 0)
+        adjustSectionInformation(QStringLiteral("Material"), text);
+    askPipeSize();
+}
+
+void CorvaneController::askPipeSize()
+{
+    showTextEntry(tr("Enter Pipe Size"), SLOT(handlePipeSize(int,QString)));
+}
+
+void CorvaneController::handlePipeSize(int key, QString text)
+{
+    if (key != 0)
+        adjustSectionInformation(QStringLiteral("Size"), text);
+    showTextEntry(tr("Enter Water Level %"), SLOT(handleWaterLevel(int,QString)));
+}
+
+// The water level is for the picture only; no file keeps it.
+void CorvaneController::handleWaterLevel(int key, QString text)
+{
+    if (key != 0)
+        setStatusItem(1, tr("Water Level: ") + text + QLatin1Char('%'));
+    showMenu(tr("Enter Flow Direction"), directionRows(), SLOT(handleFlowDirection(int)));
+}
+
+void CorvaneController::handleFlowDirection(int row)
+{
+    const QStringList directions = directionRows();
+    if (row >= 0 && row < directions.size())
+        adjustSectionInformation(QStringLiteral("Direction"), directions.at(row));
+    if (!m_video)
+        return;
+    m_video->createNewSurveyText();
+    showNote(tr("Please begin the survey press the Snapshot key at any time to add an observation"));
+    m_timer->start();
+}
+
+// ---- End questions -------------------------------------------------------------------
+
+void CorvaneController::showOstraEndQuestions()
+{
+    showTextEntry(tr("Enter End Node Information (Mandatory)"), SLOT(handleEndNode(int,QString)), true);
+}
+
+// Unlike the start node, the end node may be skipped: a recording must be able to end.
+void CorvaneController::handleEndNode(int key, QString text)
+{
+    if (key != 0 && !text.trimmed().isEmpty()) {
+        adjustSectionInformation(QStringLiteral("End"), text);
+        setStatusItem(0, tr("End Point: ") + text);
+        emit goodStop();
+    }
+    askUsage();
+}
+
+void CorvaneController::askUsage()
+{
+    showMenu(tr("Please enter the pipe's usage"), usageRows(), SLOT(handleUsage(int)));
+}
+
+void CorvaneController::handleUsage(int row)
+{
+    if (row == kOtherUsageRow) {
+        showTextEntry(tr("Please enter the pipe's usage"), SLOT(handleOtherUsage(int,QString)));
+        return;
+    }
+    // "Cancel" is filed as the usage like any other row.
+    if (row >= 0 && row < kOtherUsageRow)
+        adjustSectionInformation(QStringLiteral("Duty"), usageRows().at(row));
+    endSection();
+}
+
+void CorvaneController::handleOtherUsage(int key, QString text)
+{
+    if (key != 0)
+        adjustSectionInformation(QStringLiteral("Duty"), text);
+    endSection();
+}
+
+void CorvaneController::endSection()
+{
+    if (!ConsoleSettings().value(QStringLiteral("End_Header/Enabled"), false).toBool()) {
+        stop();
+        return;
+    }
+    if (m_video)
+        m_video->createEndHeader();
+    const int seconds = ConsoleSettings().value(QStringLiteral("Timings/Header"), QStringLiteral("1")).toInt();
+    QTimer::singleShot(seconds * 1000, this, &CorvaneController::stop);
+}
+
+void CorvaneController::stop()
+{
+    m_timer->stop();
+    if (m_video)
+        m_video->stop();
+    SurveyManager::instance()->cleanUp();
+}
