@@ -1,14 +1,17 @@
 #pragma once
 
-// What the form tests share: the console's real main window and controller on a
-// fresh simulated unit, a Corvane flow that notes what the forms hand it, an
-// operator who answers the save questions, and the keypad.
+// What the form tests share: the console's real main window, controller and
+// Corvane flow on a fresh simulated unit with a USB stick to save to, the fake
+// live screen that notes what the flow shows on it, an operator who answers the
+// save questions, and the keypad.
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "app/pipescreen.h"
 #include "app/uikeys.h"
 #include "support/testunit.h"
-#include "survey/forms/icorvaneflow.h"
+#include "storage/externalstorage.h"
+#include "support/fakevideoscreen.h"
+#include "survey/corvane/corvanecontroller.h"
 #include "survey/surveydata.h"
 #include "survey/surveymanager.h"
 #include "widgets/consolestyle.h"
@@ -18,27 +21,9 @@
 #include "widgets/p_lineedit.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTimer>
 #include <QtTest>
-
-class RecordingFlow : public ICorvaneFlow
-{
-public:
-    QStringList steps;
-    QString project;
-
-    QString prjDirectory() const override { return project; }
-    void setEnabled(bool enabled) override { steps << QStringLiteral("setEnabled(%1)").arg(enabled ? "true" : "false"); }
-    void setSectionOpen(bool open) override
-    {
-        steps << QStringLiteral("setSectionOpen(%1)").arg(open ? "true" : "false");
-    }
-    void setProjectPath() override { steps << QStringLiteral("setProjectPath"); }
-    void cvStopped() override { steps << QStringLiteral("cvStopped"); }
-    void editSectionDatabase() override { steps << QStringLiteral("editSectionDatabase"); }
-    void showInstructions(int type) override { steps << QStringLiteral("showInstructions(%1)").arg(type); }
-    void endEngNotes() override { steps << QStringLiteral("endEngNotes"); }
-};
 
 // Answers the next HBIMessageBox that shows with the given keys and keeps its words.
 class BoxAnswer
@@ -77,8 +62,9 @@ class FormRig
 {
 public:
     TestUnit unit;
-    RecordingFlow flow;
+    FakeVideoScreen screen;
     MainWindow *window = nullptr;
+    CorvaneController *ostra = nullptr;
 
     bool start()
     {
@@ -86,20 +72,21 @@ public:
             return false;
         initialiseGraphics();
         ConsoleStyle::apply(*qApp);
+        SurveyManager::instance(&screen);
+        ostra = CorvaneController::instance();
         window = new MainWindow;
         Controller::create(window, window);
-        ICorvaneFlow::setCurrent(&flow);
+        const QString device = unit.path(QStringLiteral("/media/usb1"));
+        QDir().mkpath(device);
+        ExternalStorage::instance()->handle_mount(QStringLiteral("USB1"), device);
+        ExternalStorage::instance()->update();
         window->show();
         QApplication::setActiveWindow(window);
         return QTest::qWaitForWindowActive(window)
             && QTest::qWaitFor([this] { return window->screen() == Controller::kScreenLogin; }, 5000);
     }
 
-    void stop()
-    {
-        ICorvaneFlow::setCurrent(nullptr);
-        delete window;
-    }
+    void stop() { delete window; }
 
     // The way the flow shows a form: from the live picture.
     PipeScreen *show(int screen)
@@ -108,7 +95,7 @@ public:
         QApplication::setActiveWindow(window);
         Controller::instance()->selectVideoScreen();
         Controller::instance()->pushScreen(screen);
-        flow.steps.clear();
+        this->screen.calls.clear();
         return window->page(screen);
     }
 

@@ -3,7 +3,7 @@
 #include "app/consolesettings.h"
 #include "app/controller.h"
 #include "app/uikeys.h"
-#include "survey/forms/icorvaneflow.h"
+#include "survey/corvane/corvanecontroller.h"
 #include "survey/surveydata.h"
 #include "survey/surveymanager.h"
 #include "widgets/graphics.h"
@@ -259,31 +259,27 @@ bool BaseInfo::confirmSave(const QString &title, const QString &question)
 void BaseInfo::saveProjectAndContinue()
 {
     okKeyTrapped();
-    if (ICorvaneFlow *flow = ICorvaneFlow::current("setProjectPath"))
-        flow->setProjectPath();
+    CorvaneController::instance()->setProjectPath();
 }
 
 void BaseInfo::abandonProject()
 {
-    if (ICorvaneFlow *flow = ICorvaneFlow::current("cvStopped")) {
-        flow->setEnabled(false);
-        flow->cvStopped();
-    }
+    CorvaneController *ostra = CorvaneController::instance();
+    ostra->setEnabled(false);
+    ostra->cvStopped();
     selectVideoScreen();
 }
 
 void BaseInfo::closeSection()
 {
-    if (ICorvaneFlow *flow = ICorvaneFlow::current("setSectionOpen"))
-        flow->setSectionOpen(false);
+    CorvaneController::instance()->setSectionOpen(false);
     selectVideoScreen();
 }
 
 void BaseInfo::saveSectionAndContinue()
 {
     okKeyTrapped();
-    if (ICorvaneFlow *flow = ICorvaneFlow::current("editSectionDatabase"))
-        flow->editSectionDatabase();
+    CorvaneController::instance()->editSectionDatabase();
 }
 
 QLabel *BaseInfo::labelOf(QWidget *field) const

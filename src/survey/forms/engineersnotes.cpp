@@ -3,7 +3,7 @@
 #include "app/controller.h"
 #include "app/uikeys.h"
 #include "survey/forms/baseinfo.h"
-#include "survey/forms/icorvaneflow.h"
+#include "survey/corvane/corvanecontroller.h"
 #include "widgets/consolestyle.h"
 #include "widgets/graphics.h"
 #include "widgets/hbilabel.h"
@@ -68,7 +68,6 @@ engineersNotes::engineersNotes(QWidget *parent) : PipeScreen(parent)
                                           tr("key to save, ESC to exit")));
 
     connect(m_edit, &QTextEdit::textChanged, this, &engineersNotes::rewrap);
-    connect(this, &engineersNotes::closed, this, &engineersNotes::endEngNotes);
 }
 
 QString engineersNotes::fileName()
@@ -96,8 +95,10 @@ QString engineersNotes::filePath() const
 void engineersNotes::showEvent(QShowEvent *event)
 {
     PipeScreen::showEvent(event);
-    if (ICorvaneFlow *flow = ICorvaneFlow::current("prjDirectory"))
-        prjPath = flow->prjDirectory();
+    // The flow is reached only once the page is used: the page is built long before it.
+    CorvaneController *ostra = CorvaneController::instance();
+    prjPath = ostra->prjDirectory();
+    connect(this, &engineersNotes::closed, ostra, &CorvaneController::endEngNotes, Qt::UniqueConnection);
     load();
     m_edit->setFocus();
     m_edit->moveCursor(QTextCursor::End);
@@ -169,12 +170,6 @@ void engineersNotes::leave()
     else
         qWarning() << "No controller to show the live picture after the engineer's notes";
     emit closed();
-}
-
-void engineersNotes::endEngNotes()
-{
-    if (ICorvaneFlow *flow = ICorvaneFlow::current("endEngNotes"))
-        flow->endEngNotes();
 }
 
 void engineersNotes::rewrap()

@@ -39,7 +39,6 @@ protected:
 
 private slots:
     void rewrap();
-    void endEngNotes();
 
 private:
     void load();

@@ -1,6 +1,6 @@
 #include "survey/forms/wrcruninfo.h"
 
-#include "survey/forms/icorvaneflow.h"
+#include "survey/corvane/corvanecontroller.h"
 #include "widgets/p_combobox.h"
 #include "widgets/p_lineedit.h"
 
@@ -124,8 +124,7 @@ void wrcruninfo::corvaneKeyTrapped()
     if (!confirmSave(tr("Save Inspection Information"), tr("Would you like to save and continue?")))
         return;
     saveSectionAndContinue();
-    if (ICorvaneFlow *flow = ICorvaneFlow::current("showInstructions"))
-        flow->showInstructions(ICorvaneFlow::kStartmessage);
+    CorvaneController::instance()->showInstructions(CorvaneController::kStartmessage);
 }
 
 void wrcruninfo::escapeKeyTrapped()
