@@ -8,6 +8,11 @@
 #include "app/uikeys.h"
 #include "app/unitpaths.h"
 #include "settings/settings.h"
+#include "survey/forms/engineersnotes.h"
+#include "survey/forms/runinfo.h"
+#include "survey/forms/siteinfo.h"
+#include "survey/forms/wrcruninfo.h"
+#include "survey/forms/wrcsiteinfo.h"
 #include "survey/surveymanager.h"
 #include "video/video.h"
 
@@ -28,6 +33,12 @@ constexpr int kEngineersNotesPage = Controller::kScreenEngNote;
 SurveyManager *survey()
 {
     return SurveyManager::instance();
+}
+
+PipeScreen *titled(PipeScreen *page, const QString &whatsThis)
+{
+    page->setWhatsThis(whatsThis);
+    return page;
 }
 } // namespace
 
@@ -97,14 +108,14 @@ void MainWindow::buildPages()
     addPage(m_settings);
     m_diagnostics = addPlaceholderPage(QStringLiteral("Diagnostics"));
     m_help = addPlaceholderPage(QStringLiteral("Help Screen"));
-    m_siteInfo = addPlaceholderPage(QStringLiteral("Site Info Screen"));
-    m_runInfo = addPlaceholderPage(QStringLiteral("Run Info Screen"));
+    m_siteInfo = addPage(titled(new SiteInfo(m_stack), QStringLiteral("Site Info Screen")));
+    m_runInfo = addPage(titled(new RunInfo(m_stack), QStringLiteral("Run Info Screen")));
     m_wcProjectInfo = addPlaceholderPage(QStringLiteral("WinCan Project Info Screen"));
     m_wcSectionInfo = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen"));
     m_wcSectionInfoPage2 = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen 2"));
-    m_engNote = addPlaceholderPage(QStringLiteral("Engineers Note Screen"));
-    m_wrcSiteInfo = addPlaceholderPage(QStringLiteral("WRC Site Info Screen"));
-    m_wrcRunInfo = addPlaceholderPage(QStringLiteral("WRC Run Info Screen"));
+    m_engNote = addPage(titled(new engineersNotes(m_stack), QStringLiteral("Engineers Note Screen")));
+    m_wrcSiteInfo = addPage(titled(new wrcsiteinfo(m_stack), QStringLiteral("WRC Site Info Screen")));
+    m_wrcRunInfo = addPage(titled(new wrcruninfo(m_stack), QStringLiteral("WRC Run Info Screen")));
 }
 
 void MainWindow::setController(Controller *controller)

@@ -100,6 +100,7 @@ public:
 
         auto *labels = new QHBoxLayout;
         labels->setContentsMargins(4, 0, 4, 0);
+        labels->setSpacing(16);
         label_logo_icon = new QLabel(screen);
         labelLeft = new QLabel(screen);
         label_2 = new QLabel(screen);

@@ -116,18 +116,19 @@ QString Indicators::storageName(StorageBase::StorageItem item)
     switch (item) {
     case StorageBase::kStorageSD:
         return tr("SD");
+    // The names the storage lists use, so the strip and the media browser agree.
     case StorageBase::kStorageUSD:
-        return tr("µSD");
-    case StorageBase::kStorageSSD:
-        return tr("SSD");
-    case StorageBase::kStorageUSB0:
-        return tr("USB1");
-    case StorageBase::kStorageUSB1:
-        return tr("USB2");
-    case StorageBase::kStorageUSB2:
-        return tr("USB3");
-    case StorageBase::kStorageLOCAL:
         return tr("INT");
+    case StorageBase::kStorageSSD:
+        return tr("SSD0");
+    case StorageBase::kStorageUSB0:
+        return tr("SSD1");
+    case StorageBase::kStorageUSB1:
+        return tr("USB1");
+    case StorageBase::kStorageUSB2:
+        return tr("USB2");
+    case StorageBase::kStorageLOCAL:
+        return tr("LOCAL");
     case StorageBase::kStorageCLOUD:
         return tr("CLOUD");
     case StorageBase::kStorageWINCANWEB:

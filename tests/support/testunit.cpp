@@ -5,6 +5,9 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QTextStream>
+#include <QThread>
+#include <csignal>
+#include <sys/types.h>
 
 TestUnit::TestUnit()
 {
@@ -27,8 +30,38 @@ TestUnit::~TestUnit()
 {
     if (!m_valid)
         return;
+    stopKitProcesses();
     qunsetenv("DUCTLINE_ROOT");
     qputenv("PATH", m_oldPath);
+}
+
+bool TestUnit::belongsToThisRoot(qint64 pid) const
+{
+    // A PID file can outlive its process and the number be reused: only a process
+    // that runs with this root in its environment is ours to stop.
+    QFile environ(QStringLiteral("/proc/%1/environ").arg(pid));
+    if (!environ.open(QIODevice::ReadOnly))
+        return false;
+    return environ.readAll().split('\0').contains("DUCTLINE_ROOT=" + m_dir.path().toLocal8Bit());
+}
+
+void TestUnit::stopKitProcesses() const
+{
+    // Whatever the kit started for this root (a recorder, a stream) is ended by
+    // the PID it remembered, so a failed test leaves nothing running behind it.
+    const QDir run(path(QStringLiteral("/run/unitkit")));
+    const QStringList pidFiles = run.entryList({QStringLiteral("*.pid")}, QDir::Files);
+    for (const QString &name : pidFiles) {
+        QFile file(run.filePath(name));
+        if (!file.open(QIODevice::ReadOnly))
+            continue;
+        const pid_t pid = pid_t(file.readAll().trimmed().toLongLong());
+        if (pid <= 1 || !belongsToThisRoot(pid) || ::kill(pid, SIGTERM) != 0)
+            continue;
+        for (int i = 0; i < 50 && ::kill(pid, 0) == 0; ++i)
+            QThread::msleep(20);
+        ::kill(pid, SIGKILL);
+    }
 }
 
 QString TestUnit::path(const QString &unitAbsolutePath) const

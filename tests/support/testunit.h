@@ -26,6 +26,9 @@ public:
     static QString artifactsDir(const QString &testName);
 
 private:
+    void stopKitProcesses() const;
+    bool belongsToThisRoot(qint64 pid) const;
+
     QTemporaryDir m_dir;
     QByteArray m_oldPath;
     bool m_valid = false;

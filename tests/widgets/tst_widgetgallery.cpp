@@ -267,7 +267,7 @@ private slots:
         strip.setChargingState(3);
         strip.setBatteryTimeRemaining(79);
         strip.displayLampBrightness(60);
-        strip.selectStorage(StorageBase::kStorageUSB0);
+        strip.selectStorage(StorageBase::kStorageUSB1);
         strip.setDiskRecordTimeRemaining(4);
         strip.setCameraState(Indicators::Recording);
         strip.setModeInt(Indicators::kContrast, 65);
