@@ -2,12 +2,12 @@
 // controller and main screen on a fresh unit root, every key sent to the widget
 // that has the focus and every dialog answered by keys, the kit's recorder
 // recording for real onto the USB stick.
-#include "app/consolesettings.h"
+#include "surveyrig.h"
+
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "app/uikeys.h"
 #include "support/testunit.h"
-#include "survey/corvane/corvanecontroller.h"
 #include "survey/surveymanager.h"
 #include "widgets/keypaddialog.h"
 
@@ -25,6 +25,7 @@ private slots:
     void projectOfTwoSectionsByKeys();
 
 private:
+    QWidget *focusTarget();
     void key(int key);
     void type(const QString &text);
     KeypadDialog *waitForDialog(const QString &title);
@@ -35,6 +36,7 @@ private:
     QString readFile(const QString &path) const;
 
     TestUnit m_unit;
+    BoxAnswerer m_answerer;
     MainWindow *m_window = nullptr;
 };
 
@@ -50,20 +52,25 @@ void TestCorvaneOnUnit::initTestCase()
     QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
 }
 
-void TestCorvaneOnUnit::key(int key)
+QWidget *TestCorvaneOnUnit::focusTarget()
 {
     // A closed dialog leaves the offscreen platform with no active window, where
     // the unit's display hands the activation back to the main window.
     if (!QApplication::activeWindow())
         QApplication::setActiveWindow(m_window);
     QWidget *target = QApplication::focusWidget();
-    QTest::keyClick(target ? target : m_window, Qt::Key(key));
+    return target ? target : m_window;
+}
+
+void TestCorvaneOnUnit::key(int key)
+{
+    QTest::keyClick(focusTarget(), Qt::Key(key));
 }
 
 void TestCorvaneOnUnit::type(const QString &text)
 {
     for (const QChar c : text)
-        QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+        QTest::keyClick(focusTarget(), c.toLatin1());
 }
 
 KeypadDialog *TestCorvaneOnUnit::waitForDialog(const QString &title)
@@ -102,15 +109,15 @@ bool TestCorvaneOnUnit::answerMenu(const QString &title, int row)
     return true;
 }
 
-// The project form's save: its fields into the survey data, the main screen,
-// then the project folder. The form is not part of this build yet, so the test
-// does what its Yes does.
+// The project form opens on the site name; the mode key saves it after a
+// Yes to the form's question, which the answerer gives with Return.
 void TestCorvaneOnUnit::saveProjectForm(const QString &siteName)
 {
     QTRY_COMPARE(m_window->screen(), int(Controller::kScreenSiteInfo));
-    ConsoleSettings().setValue(QStringLiteral("SurveyData/SiteName"), siteName);
-    Controller::instance()->selectVideoScreen();
-    CorvaneController::instance()->setProjectPath();
+    type(siteName);
+    key(Ui::Key_Survey);
+    QCOMPARE(m_answerer.informativeTexts, QStringList{QStringLiteral("Would you like to save and continue?")});
+    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
 }
 
 // From the note that a section is ready to the end of its recording.
