@@ -147,6 +147,11 @@ void MainWindow::selectScreen(int n)
     // The engineer's notes keep what was typed when the page is shown again.
     if (n != kEngineersNotesPage)
         current->initialise();
+    // Keys go to the page shown, even when nothing on it asked for the focus:
+    // the main screen's Stop and Pause keys are its own.
+    QWidget *focused = focusWidget();
+    if (focused != current && !current->isAncestorOf(focused))
+        current->setFocus();
 }
 
 int MainWindow::screen()

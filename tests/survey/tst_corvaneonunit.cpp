@@ -7,9 +7,9 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "app/uikeys.h"
+#include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
-#include "widgets/keypaddialog.h"
 
 #include <QApplication>
 #include <QDir>
@@ -25,12 +25,10 @@ private slots:
     void projectOfTwoSectionsByKeys();
 
 private:
-    QWidget *focusTarget();
-    void key(int key);
-    void type(const QString &text);
-    KeypadDialog *waitForDialog(const QString &title);
-    bool answerText(const QString &title, const QString &text);
-    bool answerMenu(const QString &title, int row);
+    void key(int key) { m_operator->key(key); }
+    void type(const QString &text) { m_operator->type(text); }
+    bool answerText(const QString &title, const QString &text) { return m_operator->answerText(title, text); }
+    bool answerMenu(const QString &title, int row) { return m_operator->answerMenu(title, row); }
     void saveProjectForm(const QString &siteName);
     bool recordSection(const QString &startNode, const QString &endNode, const QString &comment);
     QString readFile(const QString &path) const;
@@ -38,75 +36,20 @@ private:
     TestUnit m_unit;
     BoxAnswerer m_answerer;
     MainWindow *m_window = nullptr;
+    KeypadOperator *m_operator = nullptr;
 };
 
 void TestCorvaneOnUnit::initTestCase()
 {
     QVERIFY(m_unit.isValid());
     m_window = new MainWindow;
+    m_operator = new KeypadOperator(m_window);
     Controller::create(m_window, m_window);
     m_window->show();
     QVERIFY(QTest::qWaitForWindowActive(m_window));
     QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
     key(Qt::Key_Return);
     QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
-}
-
-QWidget *TestCorvaneOnUnit::focusTarget()
-{
-    // A closed dialog leaves the offscreen platform with no active window, where
-    // the unit's display hands the activation back to the main window.
-    if (!QApplication::activeWindow())
-        QApplication::setActiveWindow(m_window);
-    QWidget *target = QApplication::focusWidget();
-    return target ? target : m_window;
-}
-
-void TestCorvaneOnUnit::key(int key)
-{
-    QTest::keyClick(focusTarget(), Qt::Key(key));
-}
-
-void TestCorvaneOnUnit::type(const QString &text)
-{
-    for (const QChar c : text)
-        QTest::keyClick(focusTarget(), c.toLatin1());
-}
-
-KeypadDialog *TestCorvaneOnUnit::waitForDialog(const QString &title)
-{
-    KeypadDialog *found = nullptr;
-    const auto showing = [&] {
-        for (QWidget *widget : QApplication::topLevelWidgets()) {
-            auto *dialog = qobject_cast<KeypadDialog *>(widget);
-            if (dialog && dialog->isVisible() && dialog->title() == title.trimmed() && QApplication::focusWidget()
-                && dialog->isAncestorOf(QApplication::focusWidget()))
-                found = dialog;
-        }
-        return found != nullptr;
-    };
-    if (!QTest::qWaitFor(showing, 10000))
-        qWarning().noquote() << "No dialog" << title;
-    return found;
-}
-
-bool TestCorvaneOnUnit::answerText(const QString &title, const QString &text)
-{
-    if (!waitForDialog(title))
-        return false;
-    type(text);
-    key(Qt::Key_Return);
-    return true;
-}
-
-bool TestCorvaneOnUnit::answerMenu(const QString &title, int row)
-{
-    if (!waitForDialog(title))
-        return false;
-    for (int i = 0; i < row; ++i)
-        key(Qt::Key_Down);
-    key(Qt::Key_Return);
-    return true;
 }
 
 // The project form opens on the site name; the mode key saves it after a

@@ -1,0 +1,94 @@
+// A basic recording on the simulated unit, by keys alone: the real window,
+// controller and main screen on a fresh root, the kit's recorder recording for
+// real onto the USB stick, which is pulled while the recording runs.
+#include "app/controller.h"
+#include "app/mainwindow.h"
+#include "app/uikeys.h"
+#include "storage/externalstorage.h"
+#include "support/keypadoperator.h"
+#include "support/testunit.h"
+#include "survey/surveymanager.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QtTest>
+
+class TestBasicOnUnit : public QObject
+{
+    Q_OBJECT
+
+    TestUnit m_unit;
+    MainWindow *m_window = nullptr;
+    KeypadOperator *m_operator = nullptr;
+
+    static SurveyManager *survey() { return SurveyManager::instance(); }
+
+    bool unitStorage(const QString &action, const QString &device)
+    {
+        QProcess command;
+        command.start(QStringLiteral("unit-storage"), {action, device});
+        return command.waitForFinished(10000) && command.exitCode() == 0;
+    }
+
+    QString sectionFolder() const
+    {
+        const QDir surveys(m_unit.path(QStringLiteral("/media/usb1/corvane/survey.bas")));
+        const QStringList folders = surveys.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        return folders.size() == 1 ? surveys.filePath(folders.first()) : QString();
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_unit.isValid());
+        m_window = new MainWindow;
+        m_operator = new KeypadOperator(m_window);
+        Controller::create(m_window, m_window);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
+        m_operator->key(Qt::Key_Return);
+        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        QTRY_COMPARE_WITH_TIMEOUT(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSB1), 5000);
+    }
+
+    void recordSnapshotAndStopOntoTheStick()
+    {
+        m_operator->key(Ui::Key_MediaRecord);
+        QTRY_COMPARE_WITH_TIMEOUT(survey()->status(), SurveyManager::Recording, 10000);
+        const QString folder = sectionFolder();
+        QVERIFY2(QDir(folder).dirName().contains(QRegularExpression("^\\d{8}-\\d{6}$")), qPrintable(folder));
+
+        // A basic survey takes the picture without asking for a comment.
+        m_operator->key(Ui::Key_Snapshot);
+        QTRY_VERIFY(QFile::exists(folder + QStringLiteral("/Snap0000.jpg")));
+
+        // The stick goes while recording: the survey keeps its device to the end.
+        QVERIFY(unitStorage(QStringLiteral("pull"), QStringLiteral("usb1")));
+        QTRY_VERIFY_WITH_TIMEOUT(StorageBase::instance()->getPath(StorageBase::kStorageUSB1).isEmpty(), 5000);
+        QCOMPARE(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSB1));
+        QTest::qWait(1500);
+
+        m_operator->key(Ui::Key_MediaStop);
+        QTRY_COMPARE_WITH_TIMEOUT(survey()->status(), SurveyManager::Idle, 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSD), 5000);
+
+        QVERIFY(QFileInfo(folder + QStringLiteral("/video.mp4")).size() > 0);
+        QVERIFY(QFile::exists(folder + QStringLiteral("/Snap0000.jpg")));
+        QFile observations(folder + QStringLiteral("/.observations.bdb"));
+        QVERIFY(observations.open(QIODevice::ReadOnly));
+        const QStringList lines = QString::fromLatin1(observations.readAll()).split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 2);
+        QVERIFY2(lines.first().endsWith(QStringLiteral(", TEXT, RECORD, (@0)")), qPrintable(lines.first()));
+        QVERIFY2(lines.filter(QStringLiteral(", JPEG, Snap0000.jpg, (@0)")).size() == 1, qPrintable(lines.join('|')));
+    }
+
+    void cleanupTestCase()
+    {
+        delete m_window;
+        delete m_operator;
+    }
+};
+
+QTEST_MAIN(TestBasicOnUnit)
+#include "tst_basiconunit.moc"
