@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_GB">
 <context>
+    <name>BaseInfo</name>
+    <message>
+        <source>Press the</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (in)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>BatteryIndicator</name>
     <message>
         <source>EMPTY</source>
@@ -9,6 +32,36 @@
     </message>
     <message>
         <source>%1%</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Camera</name>
+    <message>
+        <source>Recorded %1 sec</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please Reboot System</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Camera Fault Detected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Startup Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CameraController</name>
+    <message>
+        <source>CAMERA UNDER PRESSURE&lt;br&gt;Please shut down the Lanthorn for safety.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CAMERA OVER TEMPERATURE&lt;br&gt;Camera may shutdown automatically.&lt;br&gt;Camera should be returned for service.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -27,6 +80,260 @@
     </message>
     <message>
         <source>Initialising</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CorvaneController</name>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vitrified Clay (VC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyvinyl Chloride (PVC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cast Iron (CI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete (CO)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brick (BR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch Fibre (PF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upstream (U)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Combined</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Foul</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Storm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trade Effulent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Culverted Watercourse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subsoil or Field Drainage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press OK to Accept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press record to start survey or press ostra key for further options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press record to survey new section or press ostra key for further options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace Site Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Site Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insert Map Overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continuous defects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Edit Section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finalise Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Engineer&apos;s Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not available while recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Standard ostra</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Standard ostra + WRC</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Welcome to ostra reporting. What report format would you like to create?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Project To Open:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>press the snapshot button to take an image or connect your mobile device via the USB port and follow the instructions on the ostra app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Generating ostra Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>connect your mobile device via the USB port and follow the instructions on the ostra app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to stop the recording?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ostra report successfully generated. Do you wish to transfer the report to the ostra app?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Surveyed By?		</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Start Node Information (Mandatory)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Point: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Start Node Invert Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Pipe Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Pipe Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Water Level %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Water Level: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Flow Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please begin the survey press the Snapshot key at any time to add an observation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter End Node Information (Mandatory)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Point: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please enter the pipe&apos;s usage</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CorvaneExport</name>
+    <message>
+        <source>dd/MM/yy</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -77,23 +384,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>µSD</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>SSD</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>USB1</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>USB2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>USB3</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -146,6 +441,18 @@
     </message>
     <message>
         <source>RESTART</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSD0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSD1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LOCAL</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -221,9 +528,400 @@
     </message>
 </context>
 <context>
+    <name>RunInfo</name>
+    <message>
+        <source>Inspection Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upstream (U)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ductile (cast) Iron</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch Fibre</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UPVC</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vitrified Clay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invert Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Run Info Pressed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is Run Info Complete?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Settings</name>
+    <message>
+        <source>Coiler and Camera</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SettingsStatus</name>
+    <message>
+        <source>unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Power board</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Battery voltage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Battery current</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Camera serial number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Camera firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Camera last service</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over temperature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Under temperature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Humidity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over voltage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Under voltage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tamper</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Service</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fault</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Log error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The unit has a fault: contact service before use.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check with service: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected, reporting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, service due</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSurvey</name>
+    <message>
+        <source>[A] Lanthorn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[B] Lanthorn 120</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[C] Mote-Cam</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[D] Lanthorn XL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[E] GullyHopper</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Coiler meterage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[M] Manual</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[A] Automatic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ERROR: COILER NOT PROGRAMMED!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pushrod Length
+%1m</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to overwrite current coiler settings?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SiteInfo</name>
+    <message>
+        <source>Project Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site Name/Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Post Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Contractor Email</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reason For Survey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drawing Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parking Restrictions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Project Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Would you like to save and continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Splash</name>
     <message>
         <source>Loading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SurveyManager</name>
+    <message>
+        <source>Set Coiler Value in feet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set Coiler Value in metres</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press OK to Accept - Press Esc to Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;strong&gt;Video Recording Not Possible:&lt;/strong&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insufficient Storage Available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Section Information Not Completed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey Details Not Completed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey Not Ready</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid Save Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press ostra key for further options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press record to survey new section or press ostra key for further options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project nearing storage limit. Please create a new project if more sections are required.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WARNING!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ATEX Terms &amp; Conditions.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter your Passcode to Continue.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Return to Continue.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -239,9 +937,669 @@
     </message>
 </context>
 <context>
+    <name>Video</name>
+    <message>
+        <source>SiteAddress</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Postcode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drawing#</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ParkingRestrictions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>StartNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>StartDepth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>EndNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>EndDepth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PipeMaterial</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PipeDimension1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PipeShape</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purpose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cleaning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>StartStreetName</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CityName</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Municipal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>JobID</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Contractor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PipeLength</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LengthEstimated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FinalCategory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Weather</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FlowControl</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>DrainArea</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LiningMaterial</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LiningType</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ConstructionYear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FileName</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site Name/Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invert Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>System Will Now Shutdown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Return to continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>	Please add a comment	</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please add your engineer&apos;s notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Would you Like to add more engineer&apos;s notes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>engineersNotes</name>
+    <message>
+        <source>Engineer&apos;s Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please add your engineer&apos;s notes...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The engineer&apos;s notes could not be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>menuDialog</name>
     <message>
         <source>Up/Down: choose   OK: select   ESC: back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>wrcruninfo</name>
+    <message>
+        <source>Asbestos Cement (AC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bitumen (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cast Iron (CI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cement Mortar (CL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete (CO)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Segments (CS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ductile Iron (DI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Epoxy (EP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fibre Cement (FC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fibre Reinforced Plastics (FRP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Grey Cast Iron (GI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Masonry - in regular courses (MAC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Masonry - randomly coursed (MAR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mixed Material Construction (MX)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyvinyl Chloride (PVC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyethylene (PE)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch Fibre (PF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polypropylene (PP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyester (PS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reinforced Concrete (RC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sprayed Concrete (SPC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steel (ST)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vitrified Clay (VC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Material (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Type of Iron or Steel (XI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Type of Plastics (XP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invert Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pipeline Ref.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upstream (U)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Combined (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Foul (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Storm (S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trade Effluent (T)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Culverted Watercourse (W)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subsoil or Field Drainage (LD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Method of Inspection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direct Inspection (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CCTV (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection from Manhole or Inspection Chamber (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-Cleaned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes (Y)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No (N)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pipe Shape</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arched (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Barrel (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Circular (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Egg Shaped (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Horseshoe (H)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Oval (O)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rectangular (R)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trapezoidal (T)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>U-Shaped with Flat Top (U)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kerb Block (K)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Circular with Smaller Channel (CSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rectangular with Smaller Channel (RSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gravity Drain (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rising Main (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vacuum (V)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flow Control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None (N)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flows Blocked Upstream (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flows Partially Blocked (PB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brick (BR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brick (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Inspection Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Would you like to save and continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>wrcsiteinfo</name>
+    <message>
+        <source>Project Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Street Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Town/Village</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Post Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Contractor Email</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reason For Survey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drawing Number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parking Restrictions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Weather</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No rain or snow (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rain (R)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Melting snow or ice (S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Project Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Would you like to save and continue?</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
