@@ -2,6 +2,7 @@
 
 #include "widgets/hbilabel.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -81,6 +82,21 @@ void KeypadDialog::keyPressEvent(QKeyEvent *event)
         return;
     }
     QDialog::keyPressEvent(event);
+    if (!event->isAccepted())
+        m_forwardedPresses.insert(event->key());
+    forwardToOwner(event);
+}
+
+void KeypadDialog::forwardToOwner(QKeyEvent *event)
+{
+    // Keys the dialog has no use for belong to the screen behind it: the mode
+    // key still opens its menu and the lamp keys still work while a question
+    // or a note is showing.
+    QWidget *owner = parentWidget();
+    if (event->isAccepted() || !owner)
+        return;
+    event->accept();
+    QCoreApplication::sendEvent(owner, event);
 }
 
 void KeypadDialog::keyReleaseEvent(QKeyEvent *event)
@@ -95,4 +111,10 @@ void KeypadDialog::keyReleaseEvent(QKeyEvent *event)
         return;
     }
     QDialog::keyReleaseEvent(event);
+    // A release goes the way its press went: letters typed into an entry stay here.
+    if (!m_forwardedPresses.contains(key))
+        return;
+    if (!event->isAutoRepeat())
+        m_forwardedPresses.remove(key);
+    forwardToOwner(event);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QSet>
 
 class QVBoxLayout;
 class hbiLabel;
@@ -45,8 +46,10 @@ protected:
 
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void forwardToOwner(QKeyEvent *event);
 
 private:
+    QSet<int> m_forwardedPresses;
     hbiLabel *m_title = nullptr;
     hbiLabel *m_hint = nullptr;
     QVBoxLayout *m_content = nullptr;

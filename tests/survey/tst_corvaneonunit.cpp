@@ -115,8 +115,9 @@ void TestCorvaneOnUnit::projectOfTwoSectionsByKeys()
     QTRY_VERIFY_WITH_TIMEOUT(readFile(project + QStringLiteral("high_street.txt")).contains(QStringLiteral("Job 1")),
                              5000);
 
-    // The note that the section is over, then "New Section".
-    QVERIFY(answerText(QStringLiteral("Note:"), QString()));
+    // The mode key, pressed while the note that the section is over still shows,
+    // closes it and opens the menu for "New Section".
+    QVERIFY(m_operator->waitForDialog(QStringLiteral("Note:")));
     key(Ui::Key_Survey);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 1));
     QVERIFY(recordSection(QStringLiteral("MH2"), QStringLiteral("MH3"), QStringLiteral("crack")));

@@ -10,6 +10,7 @@
 #include "widgets/textentrydialog.h"
 
 #include <QAbstractItemView>
+#include <QLineEdit>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -263,6 +264,29 @@ private slots:
         showActive(&note);
         pressKey(&note, key);
         QCOMPARE(flow.noteAnswers, QList<int>{answer});
+    }
+
+    void keysADialogDoesNotUseReachItsOwner()
+    {
+        Form owner;
+        Flow flow;
+        const auto sendKeys = [](KeypadDialog *dialog) {
+            showActive(dialog);
+            for (int key : {int(Ui::Key_Survey), int(Ui::Key_LampUp), int(Qt::Key_A)})
+                pressKey(dialog, key);
+        };
+        MessageDialog note(&owner, &flow, SLOT(noteClosed(int)), "Note:", "Please begin the survey");
+        sendKeys(&note);
+        QCOMPARE(owner.releases, (QList<int>{Ui::Key_Survey, Ui::Key_LampUp, Qt::Key_A}));
+        note.close();
+
+        // An entry keeps the letters it is typed.
+        owner.releases.clear();
+        TextEntryDialog entry(&owner, &flow, SLOT(textEntered(int, QString)), "Surveyed By?", "Name", QString());
+        sendKeys(&entry);
+        QCOMPARE(owner.releases, (QList<int>{Ui::Key_Survey, Ui::Key_LampUp}));
+        QCOMPARE(entry.findChild<QLineEdit *>()->text(), QStringLiteral("a"));
+        entry.close();
     }
 
     void messageBoxMovesBetweenButtonsWithTheArrows()
