@@ -15,6 +15,7 @@
 #include "video/videoscripts.h"
 #include "video/videotools.h"
 #include "widgets/indicators.h"
+#include "widgets/keypaddialog.h"
 #include "widgets/menudialog.h"
 #include "widgets/messagedialog.h"
 #include "widgets/textentrydialog.h"
@@ -273,6 +274,10 @@ void Video::stop()
         qDebug() << "Stop ignored: no survey is recording";
         return;
     }
+    // A paused recorder must be running again before it can finish the file,
+    // whichever road the stop came by (key, menu, shortcut).
+    if (m_paused)
+        pause();
     setCameraIndicator(Indicators::Saving);
     mRecording = false;
     m_scripts->runScript(kStopScript);
@@ -285,8 +290,13 @@ void Video::stop()
 // reports its own recorder stopped; both paths end in the same idle state.
 void Video::handleVideoRecordingComplete()
 {
-    setCameraIndicator(Indicators::Stop);
-    m_paused = false;
+    // Record may be pressed again within the second the last recording takes to
+    // save: the new recording must not be reset as if it had ended.
+    const bool newRecordingRunning = mRecording;
+    if (!newRecordingRunning) {
+        setCameraIndicator(Indicators::Stop);
+        m_paused = false;
+    }
     const QString directory = survey()->getDirectory();
     switch (m_surveyType) {
     case SurveyManager::kSurveyType_WINCAN:
@@ -298,6 +308,10 @@ void Video::handleVideoRecordingComplete()
         break;
     default:
         break;
+    }
+    if (newRecordingRunning) {
+        qInfo() << "A new recording started before the last one was saved; the survey goes on";
+        return;
     }
     survey()->reset();
     QTimer::singleShot(kAudioResetMs, this, &Video::audioReset);
@@ -835,21 +849,21 @@ void Video::placeDialog(QWidget *dialog) const
 bool Video::openSurveyDialog(IVideoScreen::overlay_menu_t type, const QString &title, const QStringList &list,
                              QObject *receiver, const char *slot, bool flag)
 {
+    // Closing answers the open dialog, and its flow may open its next question
+    // at once: that one stays, under the new dialog, and is not lost unanswered.
     closeDialogs();
+    discardAnsweredDialogs();
     QDialog *dialog = nullptr;
     switch (type) {
     case kOverlyMenu:
     case kOverlayDialogue:
-        delete MenuDialog;
         dialog = MenuDialog = new menuDialog(dialogParent(), receiver, slot, title, list);
         break;
     case kOverlayTextEntry:
-        delete textEntryDialog;
         dialog = textEntryDialog = new TextEntryDialog(dialogParent(), receiver, slot, title, list.value(list.size() - 1),
                                                        list.value(0), flag);
         break;
     case kOverlayMessage:
-        delete messageDialog;
         dialog = messageDialog = receiver && slot
             ? new MessageDialog(dialogParent(), receiver, slot, title, list.value(0))
             : new MessageDialog(dialogParent(), title, list.value(0));
@@ -868,21 +882,39 @@ bool Video::openSurveyDialog(IVideoScreen::overlay_menu_t type, const QString &t
     return true;
 }
 
+QList<KeypadDialog *> Video::surveyDialogs() const
+{
+    return dialogParent()->findChildren<KeypadDialog *>(QString(), Qt::FindDirectChildrenOnly);
+}
+
 void Video::closeDialogs()
 {
-    if (MenuDialog && !MenuDialog->isHidden())
-        MenuDialog->escape();
-    for (QDialog *dialog : {static_cast<QDialog *>(textEntryDialog), static_cast<QDialog *>(messageDialog)})
-        if (dialog && !dialog->isHidden())
+    for (KeypadDialog *dialog : surveyDialogs()) {
+        if (dialog->isHidden())
+            continue;
+        if (auto *menu = qobject_cast<menuDialog *>(dialog))
+            menu->escape();
+        else
             dialog->close();
+    }
+}
+
+void Video::discardAnsweredDialogs()
+{
+    // Later, not now: the dialog may still be inside the signal that answered.
+    for (KeypadDialog *dialog : surveyDialogs()) {
+        if (dialog->isHidden())
+            dialog->deleteLater();
+    }
 }
 
 QWidget *Video::openDialog() const
 {
-    for (QWidget *dialog : {static_cast<QWidget *>(MenuDialog), static_cast<QWidget *>(textEntryDialog),
-                            static_cast<QWidget *>(messageDialog)})
-        if (dialog && dialog->isVisible())
-            return dialog;
+    const QList<KeypadDialog *> dialogs = surveyDialogs();
+    for (auto it = dialogs.crbegin(); it != dialogs.crend(); ++it) {
+        if ((*it)->isVisible())
+            return *it;
+    }
     return nullptr;
 }
 
@@ -931,9 +963,6 @@ void Video::keyPressEvent(QKeyEvent *event)
         handled = handlePictureControlPress(key) || handled;
 
     if (key == Ui::Key_MediaStop && isRecording()) {
-        // A paused recorder must be running again before it can finish the file.
-        if (m_paused)
-            pause();
         emit stopRecord();
         handled = true;
     } else if (key == Ui::Key_MediaPause || key == Ui::Key_MediaPlay) {

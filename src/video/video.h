@@ -10,6 +10,7 @@
 class Camera;
 class Controller;
 class Indicators;
+class KeypadDialog;
 class MessageDialog;
 class PictureControls;
 class QLabel;
@@ -19,6 +20,7 @@ class QTimer;
 class TextEntryDialog;
 class VideoScripts;
 class VideoTools;
+class KeypadDialog;
 class menuDialog;
 class overlay;
 class statusOverlay;
@@ -169,6 +171,8 @@ private:
     bool openSurveyDialog(IVideoScreen::overlay_menu_t type, const QString &title, const QStringList &list,
                           QObject *receiver, const char *slot, bool flag);
     void closeDialogs();
+    void discardAnsweredDialogs();
+    QList<KeypadDialog *> surveyDialogs() const;
     void placeDialog(QWidget *dialog) const;
     QWidget *dialogParent() const;
     void snapshotRequest();

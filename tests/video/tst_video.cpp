@@ -71,6 +71,7 @@ private slots:
 
     void secondRecordStartsNoSecondScript();
     void stopWhilePausedResumesThenStops();
+    void recordWithinTheSavingSecondIsNotReset();
     void pauseOutsideARecordingChangesNothing();
     void zeroCounterNeedsAHeldKey();
     void surveyFieldsRunOnInTheRightColumn();
@@ -164,6 +165,21 @@ void TestVideo::stopWhilePausedResumesThenStops()
     const QStringList recorder = kitLogOf(m_unit, QStringLiteral("videorecorder"));
     QVERIFY(recorder.lastIndexOf(QStringLiteral("paused")) < recorder.lastIndexOf(QStringLiteral("resumed")));
     QVERIFY(scriptLog(QStringLiteral("stopRecord.sh")).last().endsWith(QStringLiteral(", stopped)")));
+}
+
+void TestVideo::recordWithinTheSavingSecondIsNotReset()
+{
+    startRecording(QStringLiteral("saved.mp4"));
+    QTRY_VERIFY_WITH_TIMEOUT(!scriptLog(QStringLiteral("videoRecord.sh")).isEmpty(), kScriptWaitMs);
+    m_video->stop();
+    // Record again before the last recording has had its second to save.
+    startRecording(QStringLiteral("next.mp4"));
+    m_video->handleVideoRecordingComplete();
+    QVERIFY(m_video->isRecording());
+    QCOMPARE(m_video->indicators()->cameraState(), Indicators::Recording);
+    QCOMPARE(survey()->status(), SurveyManager::Recording);
+    QTRY_VERIFY_WITH_TIMEOUT(scriptLog(QStringLiteral("videoRecord.sh")).size() >= 2, kScriptWaitMs);
+    stopRecording();
 }
 
 void TestVideo::pauseOutsideARecordingChangesNothing()
