@@ -454,12 +454,19 @@ float Controller::countsToDistance(long counts, float meterage, bool imperial)
     return static_cast<float>(distance);
 }
 
+float Controller::storedMeterage(const QSettings &settings)
+{
+    // A value below 0.01 (or unreadable) counts as unset: a zero would divide the counts away.
+    const float meterage =
+        settings.value(QStringLiteral("Coiler/Meterage"), QString::fromLatin1(kDefaultMeterage)).toFloat();
+    return meterage < 0.01f ? QString::fromLatin1(kDefaultMeterage).toFloat() : meterage;
+}
+
 void Controller::setCounter()
 {
     ConsoleSettings settings;
     const QString text = settings.value(QStringLiteral("counter/text"), QStringLiteral("0.00")).toString();
-    const float meterage =
-        settings.value(QStringLiteral("Coiler/Meterage"), QString::fromLatin1(kDefaultMeterage)).toFloat();
+    const float meterage = storedMeterage(settings);
     const bool imperial = settings.value(QStringLiteral("Coiler/Imperial"), false).toBool();
     int counts = 0;
     if (!counterTextToCounts(text, meterage, imperial, &counts))
@@ -470,8 +477,7 @@ void Controller::setCounter()
 float Controller::counter()
 {
     ConsoleSettings settings;
-    m_coiler_meterage =
-        settings.value(QStringLiteral("Coiler/Meterage"), QString::fromLatin1(kDefaultMeterage)).toFloat();
+    m_coiler_meterage = storedMeterage(settings);
     const bool imperial = settings.value(QStringLiteral("Coiler/Imperial"), false).toBool();
     return countsToDistance(m_micro->getCounter(), m_coiler_meterage, imperial);
 }
@@ -692,7 +698,13 @@ void Controller::newTimeDate()
 
 void Controller::systemShutdown()
 {
+    // The board may repeat its request; one shutdown is enough.
+    if (m_shutdownRequested)
+        return;
+    m_shutdownRequested = true;
     qInfo() << "Shutdown Requested";
+    // The recording is closed before the power goes, so its file is complete.
+    SurveyManager::instance()->handleAction(SurveyManager::kActionStop, 0);
     logServiceAbsent("Wi-Fi");
     m_micro->setBuzzer(false);
     QTimer::singleShot(kShutdownDelayMs, this, &Controller::shutdown);

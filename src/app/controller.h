@@ -12,6 +12,7 @@ class ClockControl;
 class Microcontroller;
 class QKeyEvent;
 class QProcess;
+class QSettings;
 class QShortcut;
 class QTimer;
 
@@ -57,6 +58,8 @@ public:
     static bool isNewPowerBoard(const QString &version);
     // The backlight level the ambient light sensor's reading calls for.
     static int backlightForAmbientLight(int level);
+    // Coiler/Meterage, with a value below 0.01 taken as the default 0.76.
+    static float storedMeterage(const QSettings &settings);
 
 signals:
     void counterSelected(bool);
@@ -178,6 +181,7 @@ private:
     ClockControl *m_clock = nullptr;
     Microcontroller *m_micro = nullptr;
     bool m_lid_shut = false;
+    bool m_shutdownRequested = false;
     QShortcut *m_quitShortcut = nullptr;
     QShortcut *m_tiltShortcut = nullptr;
     QShortcut *m_time_display = nullptr;

@@ -11,9 +11,12 @@
 #include <QMutex>
 #include <QMutexLocker>
 #include <QTextStream>
+#include <QScopedValueRollback>
+#include <QEventLoop>
 #include <QTimer>
 
 namespace {
+constexpr int kPassCodePollMs = 50;
 QString coilerTableFile()
 {
     return unitPath(QStringLiteral("/opt/hbi/tables/coiler_table.txt"));
@@ -795,6 +798,11 @@ QString CameraController::warningText(WarningStates warning)
 
 void CameraController::ShowWarnings()
 {
+    // A late state reply handled inside the warning's own event loop would open
+    // the same warning again on top of it.
+    if (showingWarning)
+        return;
+    const QScopedValueRollback<bool> showing(showingWarning, true);
     if (warningState != kNoWarning) {
         LogCameraStatus();
         const QString text = warningText(warningState);
@@ -823,14 +831,16 @@ void CameraController::ShowWarnings()
 
 void CameraController::askForPassCodeUntilAccepted(const QString &text)
 {
-    showingWarning = true;
     passSent = false;
     emit sendAtexPass(presenter(text, true));
     // The dialog's own event loop is where the camera's answers arrive, so each
     // asking is answered by what the camera said about the code before it. A
     // camera that goes away can no longer answer: stop asking then.
     while (overideState != QLatin1String(kOverrideAccepted) && videoStream) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        // Turn the event loop for a moment rather than spin while nothing happens.
+        QEventLoop moment;
+        QTimer::singleShot(kPassCodePollMs, &moment, &QEventLoop::quit);
+        moment.exec();
         if (!passSent)
             continue;
         RequestPassStatus();
@@ -840,7 +850,6 @@ void CameraController::askForPassCodeUntilAccepted(const QString &text)
         passSent = false;
         emit sendAtexPass(code);
     }
-    showingWarning = false;
 }
 
 void CameraController::LogCameraStatus()

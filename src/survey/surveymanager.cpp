@@ -22,6 +22,7 @@
 #include <QMutexLocker>
 #include <QProcess>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <cerrno>
@@ -209,6 +210,8 @@ SurveyData *SurveyManager::getSurveyData()
 
 void SurveyManager::reset()
 {
+    // The headset is watched again once no recording is being set up.
+    audiorecordstatus = false;
     m_state = Idle;
     m_debug = QStringLiteral("Survey is Idle");
 }
@@ -268,8 +271,11 @@ void SurveyManager::waitForHeadsetDetection()
 
 void SurveyManager::handleRecord()
 {
-    if (m_video->isRecording())
+    // The headset wait turns the event loop: a second Record pressed meanwhile
+    // would prepare a second folder and split the section between the two.
+    if (m_video->isRecording() || m_handlingRecord)
         return;
+    const QScopedValueRollback<bool> handling(m_handlingRecord, true);
     ExternalStorage *storage = ExternalStorage::instance();
     storage->startTimer();
 

@@ -134,6 +134,7 @@ private:
 
     bool delayflag = false;
     bool audiorecordstatus = false;
+    bool m_handlingRecord = false;
     IVideoScreen *m_video = nullptr;
     SurveyType m_type = kSurveyType_BASIC;
     SurveyStatus m_state = Idle;

@@ -5,6 +5,7 @@
 #include "app/uikeys.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"
+#include "survey/surveymanager.h"
 
 #include <QApplication>
 #include <QtTest>
@@ -89,6 +90,9 @@ private slots:
         press(Ui::Key_Survey);
         release(Ui::Key_Survey);
         QCOMPARE(capture.contains("kActionCorvane"), acts);
+        // Escaping the survey menu leaves the unit in basic recording.
+        m_window->videoScreen()->closeDialogue();
+        QCOMPARE(SurveyManager::instance()->type(), SurveyManager::kSurveyType_BASIC);
     }
 
     void longSurveyPressLinksTheAppInstead()

@@ -127,6 +127,9 @@ QString CorvaneController::projectFolderName()
 
 bool CorvaneController::sectionOpen() const
 {
+    // No open project, no section: a recording would land in a leftover project's folder.
+    if (!m_enabled)
+        return false;
     return wrcEnabled() ? m_sectionOpen : true;
 }
 
@@ -592,6 +595,8 @@ void CorvaneController::menuReportTransfer(int row)
 
 void CorvaneController::setStatusItem(int item, const QString &text)
 {
+    if (item < 0 || item >= m_statusItems.size())
+        return;
     m_statusItems[item] = text;
     QStringList shown;
     for (const QString &entry : qAsConst(m_statusItems)) {

@@ -134,5 +134,5 @@ private:
     bool mOstraInstruction = false;
     popup_type mPopupType = kStartmessage;
     // What the status bar shows during a recording: the node and the water level.
-    QStringList m_statusItems;
+    QStringList m_statusItems{QString(), QString()};
 };

@@ -14,3 +14,10 @@ unitkit_remember() {
     mkdir -p "$UNITKIT_RUN"
     printf '%s\n' "$2" > "$UNITKIT_RUN/$1.pid"
 }
+
+# True when PID is a live process of this simulated unit: a PID file can outlive
+# its process and the number be reused by something that is not ours.
+unitkit_owns() {
+    [ -r "/proc/$1/environ" ] || return 1
+    tr '\0' '\n' < "/proc/$1/environ" 2>/dev/null | grep -qx "DUCTLINE_ROOT=$ROOT"
+}
