@@ -899,6 +899,23 @@ void Video::closeDialogs()
     }
 }
 
+bool Video::acknowledgeOpenNote()
+{
+    // The flows close their notes by sending Return to the screen: the note that
+    // stands open takes it as its OK, as if the operator had pressed it there.
+    for (KeypadDialog *dialog : surveyDialogs()) {
+        auto *note = qobject_cast<MessageDialog *>(dialog);
+        if (!note || !note->isVisible())
+            continue;
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(note, &press);
+        QCoreApplication::sendEvent(note, &release);
+        return true;
+    }
+    return false;
+}
+
 void Video::discardAnsweredDialogs()
 {
     // Later, not now: the dialog may still be inside the signal that answered.
@@ -964,6 +981,8 @@ void Video::keyPressEvent(QKeyEvent *event)
 
     if (key == Ui::Key_MediaStop && isRecording()) {
         emit stopRecord();
+        handled = true;
+    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && acknowledgeOpenNote()) {
         handled = true;
     } else if (key == Ui::Key_MediaPause || key == Ui::Key_MediaPlay) {
         pause();

@@ -172,6 +172,7 @@ private:
                           QObject *receiver, const char *slot, bool flag);
     void closeDialogs();
     void discardAnsweredDialogs();
+    bool acknowledgeOpenNote();
     QList<KeypadDialog *> surveyDialogs() const;
     void placeDialog(QWidget *dialog) const;
     QWidget *dialogParent() const;

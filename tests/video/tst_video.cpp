@@ -36,6 +36,16 @@ int drawnPixels(const QImage &picture, const QRect &region)
 }
 } // namespace
 
+// Hears what a note answers.
+class NoteListener : public QObject
+{
+    Q_OBJECT
+public:
+    QList<int> answers;
+public slots:
+    void closed(int key) { answers << key; }
+};
+
 class TestVideo : public QObject
 {
     Q_OBJECT
@@ -71,6 +81,7 @@ private slots:
 
     void secondRecordStartsNoSecondScript();
     void stopWhilePausedResumesThenStops();
+    void returnToTheScreenAcknowledgesTheOpenNote();
     void recordWithinTheSavingSecondIsNotReset();
     void pauseOutsideARecordingChangesNothing();
     void zeroCounterNeedsAHeldKey();
@@ -165,6 +176,21 @@ void TestVideo::stopWhilePausedResumesThenStops()
     const QStringList recorder = kitLogOf(m_unit, QStringLiteral("videorecorder"));
     QVERIFY(recorder.lastIndexOf(QStringLiteral("paused")) < recorder.lastIndexOf(QStringLiteral("resumed")));
     QVERIFY(scriptLog(QStringLiteral("stopRecord.sh")).last().endsWith(QStringLiteral(", stopped)")));
+}
+
+void TestVideo::returnToTheScreenAcknowledgesTheOpenNote()
+{
+    NoteListener listener;
+    m_video->showMessage(QStringLiteral("Note:"), {QStringLiteral("Please begin the survey...")}, &listener,
+                         SLOT(closed(int)));
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    // As the flows do after a note's time: a Return sent to the screen itself.
+    m_video->keyPressEvent(&enter);
+    QCOMPARE(listener.answers, QList<int>{1});
+    QVERIFY(!m_video->openDialog());
+    // With nothing open, Return to the screen does nothing.
+    m_video->keyPressEvent(&enter);
+    QCOMPARE(listener.answers, QList<int>{1});
 }
 
 void TestVideo::recordWithinTheSavingSecondIsNotReset()
