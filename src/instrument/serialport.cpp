@@ -83,7 +83,9 @@ bool SerialPort::configureLine()
     // The board talks at one fixed speed whatever the caller asked for.
     if (cfsetspeed(&tty, B115200) != 0)
         return false;
-    tty.c_cflag &= ~(PARENB | CSIZE);
+    // No hardware flow control: the board has no handshake lines, and a low CTS
+    // would hold the last words, and the console's exit, for ever.
+    tty.c_cflag &= ~(PARENB | CSIZE | CRTSCTS);
     tty.c_cflag |= CS8 | CLOCAL;
     return tcsetattr(m_fd, TCSANOW, &tty) == 0;
 }
