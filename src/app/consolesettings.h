@@ -9,4 +9,10 @@ class ConsoleSettings : public QSettings
 {
 public:
     ConsoleSettings();
+
+    // Language/code, "en-GB" when unset.
+    static QString languageCode();
+    static bool isEnglishUk() { return languageCode() == QLatin1String("en-GB"); }
+    // OSTRA/wrc en: the ostra survey reports to the WRC schema.
+    static bool wrcEnabled();
 };

@@ -321,7 +321,7 @@ bool Controller::configureScreen(int n)
         break;
     case kScreenHelp: {
         ConsoleSettings settings;
-        const QString language = settings.value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString();
+        const QString language = ConsoleSettings::languageCode();
         const QString page =
             helpPageFor(settings.value(QStringLiteral("Help/FirstPage"), QStringLiteral("en-GB")).toString(), language);
         settings.setValue(QStringLiteral("Help/FirstPage"), page);

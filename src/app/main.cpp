@@ -96,7 +96,7 @@ int main(int argc, char *argv[])
     repairDisplayIfMissing();
     stopBootImage();
 
-    const QString language = ConsoleSettings().value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString();
+    const QString language = ConsoleSettings::languageCode();
     QSplashScreen splash(QPixmap(splashPicture(language)));
     splash.show();
 

@@ -190,10 +190,7 @@ CorvaneExport::CorvaneExport(QString projectPath, QString savePath)
 
 bool CorvaneExport::wrcFieldsWanted()
 {
-    const ConsoleSettings settings;
-    return settings.value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString()
-               == QLatin1String("en-GB")
-        && settings.value(QStringLiteral("SurveyData/WRC"), false).toBool();
+    return ConsoleSettings::isEnglishUk() && ConsoleSettings().value(QStringLiteral("SurveyData/WRC"), false).toBool();
 }
 
 bool CorvaneExport::startExport()

@@ -43,11 +43,6 @@ bool imperialUnits()
     return ConsoleSettings().value(QStringLiteral("Coiler/Imperial"), false).toBool();
 }
 
-QString languageCode()
-{
-    return ConsoleSettings().value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString();
-}
-
 } // namespace
 
 SurveyManager::SurveyManager(IVideoScreen *video, QObject *parent) : QObject(parent), m_video(video)
@@ -346,7 +341,7 @@ void SurveyManager::askStartQuestions()
         m_video->dummyEscape();
         takeSnapshot(false);
         const bool wrc = ConsoleSettings().value(QStringLiteral("SurveyData/WRC"), false).toBool();
-        if (languageCode() != QLatin1String("en-US") && wrc)
+        if (ConsoleSettings::languageCode() != QLatin1String("en-US") && wrc)
             askModeController("Start node list");
         else if (CorvaneController *ostra = corvane())
             ostra->startostraPopUp();
@@ -382,7 +377,7 @@ bool SurveyManager::askEndQuestions()
     // Record asks "not en-US", Stop asks "en-GB": an en-AU WRC survey starts on
     // the node list and ends on the standard questions.
     CorvaneController *ostra = m_type == kSurveyType_CORVANE ? corvane() : nullptr;
-    if (ostra && !(languageCode() == QLatin1String("en-GB") && wrc)) {
+    if (ostra && !(ConsoleSettings::languageCode() == QLatin1String("en-GB") && wrc)) {
         connect(ostra, &CorvaneController::goodStop, this, qOverload<>(&SurveyManager::takeSnapshot),
                 Qt::UniqueConnection);
         ostra->showOstraEndQuestions();
@@ -415,7 +410,7 @@ void SurveyManager::cleanUp()
     // once a survey is over, whatever the mode was.
     ConsoleSettings().setValue(QStringLiteral("General/survey_mode"), QStringLiteral("Ostra"));
     if (m_type == kSurveyType_CORVANE) {
-        const bool wrc = ConsoleSettings().value(QStringLiteral("OSTRA/wrc en"), false).toBool();
+        const bool wrc = ConsoleSettings::wrcEnabled();
         showNote(wrc ? tr("Press ostra key for further options")
                      : tr("Press record to survey new section or press ostra key for further options"));
     }

@@ -59,12 +59,6 @@ bool settingIsTrue(const QString &key)
     return ConsoleSettings().value(key, false).toBool();
 }
 
-bool englishUk()
-{
-    return ConsoleSettings().value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString()
-           == QLatin1String("en-GB");
-}
-
 QString clockTimeFormat()
 {
     return ConsoleSettings().value(QStringLiteral("Clock_mode"), QStringLiteral("0")).toInt() != 0
@@ -115,11 +109,6 @@ CorvaneController *CorvaneController::instance(QObject *parent)
     return theInstance;
 }
 
-bool CorvaneController::wrcEnabled()
-{
-    return settingIsTrue(QStringLiteral("OSTRA/wrc en"));
-}
-
 QString CorvaneController::projectFolderName()
 {
     return ConsoleSettings().value(QStringLiteral("SurveyData/SiteName"), QStringLiteral("project")).toString();
@@ -130,7 +119,7 @@ bool CorvaneController::sectionOpen() const
     // No open project, no section: a recording would land in a leftover project's folder.
     if (!m_enabled)
         return false;
-    return wrcEnabled() ? m_sectionOpen : true;
+    return ConsoleSettings::wrcEnabled() ? m_sectionOpen : true;
 }
 
 // ---- Screen helpers ----------------------------------------------------------
@@ -212,7 +201,7 @@ void CorvaneController::button_push()
         qInfo() << "Ostra menu: no video screen";
         return;
     }
-    const bool wrc = wrcEnabled();
+    const bool wrc = ConsoleSettings::wrcEnabled();
     const bool recording = m_video->isRecording();
 
     if (m_enabled && recording) {
@@ -259,7 +248,7 @@ void CorvaneController::menuSelected(int row)
     case 1: {
         QStringList rows = {tr("Cancel"), tr("Standard ostra")};
         // The WRC schema is a UK one.
-        if (englishUk())
+        if (ConsoleSettings::isEnglishUk())
             rows << tr("Standard ostra + WRC");
         showMenu(tr("Welcome to ostra reporting. What report format would you like to create?"), rows,
                  SLOT(menuWRC(int)));
@@ -299,7 +288,7 @@ void CorvaneController::handleStart()
 
 void CorvaneController::handleNewProject()
 {
-    if (englishUk() && wrcEnabled())
+    if (ConsoleSettings::isEnglishUk() && ConsoleSettings::wrcEnabled())
         selectScreen(&Controller::selectWRCSiteInfoScreen, "the WRC project form");
     else
         selectScreen(&Controller::selectSiteInfoScreen, "the project form");
@@ -465,7 +454,7 @@ void CorvaneController::menuDeselected(int row)
     ConsoleSettings().setValue(QStringLiteral("General/survey_mode"), QStringLiteral("Ostra"));
     switch (row) {
     case 0:
-        if (!wrcEnabled())
+        if (!ConsoleSettings::wrcEnabled())
             showInstructions(kNewSection);
         break;
     case 1:

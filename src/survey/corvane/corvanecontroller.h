@@ -107,8 +107,6 @@ private slots:
 
 private:
     explicit CorvaneController(QObject *parent);
-
-    static bool wrcEnabled();
     static QString projectFolderName();
     void showSelectMenu(const QStringList &rows, const char *slot);
     void showMenu(const QString &title, const QStringList &rows, const char *slot);

@@ -45,11 +45,6 @@ const QStringList kPlainSectionKeys = {
     QStringLiteral("Flow"),       QStringLiteral("EDepth"),     QStringLiteral("LiningMaterial"),
 };
 
-bool wrcEnabled()
-{
-    return ConsoleSettings().value(QStringLiteral("OSTRA/wrc en"), false).toBool();
-}
-
 // "Upstream (U)" is filed as "(U)"; a direction without its code counts as downstream.
 QString directionCode(const QString &direction)
 {
@@ -80,10 +75,8 @@ QString CorvaneSurveyFiles::sectionFile(const QString &sectionDirectory)
 
 void CorvaneSurveyFiles::writeProject(const QString &projectDirectory, SurveyData &data)
 {
-    const bool wrc = wrcEnabled();
-    const bool english = ConsoleSettings().value(QStringLiteral("Language/code"), QStringLiteral("en-GB")).toString()
-                         == QLatin1String("en-GB");
-    data.set(kWrcKey, english && wrc ? QStringLiteral("true") : QStringLiteral("false"));
+    const bool wrc = ConsoleSettings::wrcEnabled();
+    data.set(kWrcKey, ConsoleSettings::isEnglishUk() && wrc ? QStringLiteral("true") : QStringLiteral("false"));
 
     QSettings file(projectFile(projectDirectory), QSettings::IniFormat);
     for (const ProjectField &field : kProjectFields)
@@ -114,7 +107,7 @@ void CorvaneSurveyFiles::writeSection(const QString &sectionDirectory, SurveyDat
     file.setValue(kSectionGroup + QStringLiteral("Serviceability"), serviceability);
 
     // In the WRC layout the surveyor is the operator of the project form.
-    const QString engineer = data.get(wrcEnabled() ? QStringLiteral("Operator") : QStringLiteral("SEngineer"));
+    const QString engineer = data.get(ConsoleSettings::wrcEnabled() ? QStringLiteral("Operator") : QStringLiteral("SEngineer"));
     file.setValue(kSectionGroup + QStringLiteral("SEngineer"), engineer);
 }
 
