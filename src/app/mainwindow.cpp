@@ -26,7 +26,6 @@
 namespace {
 constexpr int kWindowWidth = 800;
 constexpr int kWindowHeight = 600;
-constexpr int kZeroCounterHoldEvents = 7;
 // The screen whose text is kept when it is shown again.
 constexpr int kEngineersNotesPage = Controller::kScreenEngNote;
 
@@ -203,16 +202,9 @@ void MainWindow::handleZeroCounterPress(QKeyEvent *event)
         return;
     }
     // Zeroing the distance needs a deliberate hold; a tap does nothing.
-    if (!event->isAutoRepeat()) {
-        m_zeroCounterCount = 1;
-        return;
-    }
-    if (m_zeroCounterCount == 0)
-        return;
-    if (++m_zeroCounterCount > kZeroCounterHoldEvents) {
+    if (m_zeroCounterHold.press(event)) {
         survey()->handleAction(SurveyManager::kActionResetCounter, 0);
         qInfo() << "Reset meterage counter";
-        m_zeroCounterCount = 0;
     }
 }
 

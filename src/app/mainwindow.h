@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/imainwindow.h"
+#include "app/keyhold.h"
 
 #include <QKeyEvent>
 #include <QMainWindow>
@@ -76,7 +77,9 @@ private:
     QString ip;
     int OstraPressTime = 11;
     int Ostra_count = 0;
-    int m_zeroCounterCount = 0;
+    // A deliberate hold of Key_ZeroCounter: the real press and seven repeats.
+    static constexpr int kZeroCounterHoldEvents = 7;
+    KeyHold m_zeroCounterHold{kZeroCounterHoldEvents};
 
     Splash *m_splash = nullptr;
     Login *m_login = nullptr;

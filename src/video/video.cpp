@@ -1017,16 +1017,9 @@ bool Video::handlePictureControlPress(int key)
 // The counter is zeroed only by holding the key: a tap never loses a distance.
 bool Video::handleZeroCounterPress(QKeyEvent *event)
 {
-    if (!event->isAutoRepeat()) {
-        m_zeroCounterCount = 1;
-        return true;
-    }
-    if (m_zeroCounterCount == 0)
-        return true;
-    if (++m_zeroCounterCount > kZeroCounterHold) {
+    if (m_zeroCounterHold.press(event)) {
         qInfo() << "Reset meterage counter";
         survey()->handleAction(SurveyManager::kActionResetCounter, 0);
-        m_zeroCounterCount = 0;
     }
     return true;
 }

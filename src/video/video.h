@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/keyhold.h"
 #include "app/ivideoscreen.h"
 #include "app/pipescreen.h"
 
@@ -223,7 +224,7 @@ private:
     bool m_paused = false;
     bool counter_transparent = false;
     int m_counterState = 0;
-    int m_zeroCounterCount = 0;
+    KeyHold m_zeroCounterHold{kZeroCounterHold};
     QPixmap default_logo;
     QMessageBox *shutdownbox = nullptr;
     menuDialog *MenuDialog = nullptr;
