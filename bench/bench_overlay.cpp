@@ -1,7 +1,7 @@
 // Cost of one overlay capture: how long the main thread is held, and how long
 // until the new picture is in place for the recorder. Run by hand:
 //   build/bench/bench_overlay [captures]
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "video/overlay.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "app/cleanexit.h"
 
-#include "app/messagehandler.h"
+#include "core/messagehandler.h"
 
 #include <QCoreApplication>
 #include <QDate>

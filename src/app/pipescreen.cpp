@@ -1,6 +1,6 @@
 #include "app/pipescreen.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "app/splashpicture.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 
 #include <QFile>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "instrument/cameracontroller.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 #include "instrument/cameraeventlog.h"
 #include "survey/surveymanager.h"
 

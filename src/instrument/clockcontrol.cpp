@@ -1,6 +1,6 @@
 #include "instrument/clockcontrol.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 
 #include <QDateTime>
 #include <QDebug>

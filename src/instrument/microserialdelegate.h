@@ -1,7 +1,7 @@
 #pragma once
 
 #include "instrument/cameracontroller.h"
-#include "instrument/iserialdelegate.h"
+#include "core/iserialdelegate.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,6 +1,6 @@
 #include "instrument/serialport.h"
 
-#include "instrument/iserialdelegate.h"
+#include "core/iserialdelegate.h"
 
 #include <QtConcurrent>
 #include <QDebug>

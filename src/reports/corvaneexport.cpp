@@ -1,6 +1,6 @@
 #include "reports/corvaneexport.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 
 #include <QDateTime>
 #include <QDebug>

@@ -1,6 +1,6 @@
 #include "reports/surveyexport.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 
 #include <QDebug>
 #include <QDir>

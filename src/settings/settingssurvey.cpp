@@ -1,6 +1,6 @@
 #include "settings/settingssurvey.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "instrument/cameracontroller.h"
 #include "widgets/hbimessagebox.h"
 #include "widgets/p_lineedit.h"

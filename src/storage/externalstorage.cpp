@@ -1,6 +1,6 @@
 #include "storage/externalstorage.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 #include "storage/externalstoragedelegate.h"
 #include "storage/fifoline.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "instrument/iserialdelegate.h"
+#include "core/iserialdelegate.h"
 
 #include <QString>
 

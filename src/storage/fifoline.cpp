@@ -1,6 +1,6 @@
 #include "storage/fifoline.h"
 
-#include "instrument/iserialdelegate.h"
+#include "core/iserialdelegate.h"
 
 #include <QDebug>
 #include <QFile>

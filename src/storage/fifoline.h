@@ -1,6 +1,6 @@
 #pragma once
 
-#include "instrument/iserial.h"
+#include "core/iserial.h"
 
 #include <QByteArray>
 #include <QObject>

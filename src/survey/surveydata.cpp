@@ -1,6 +1,6 @@
 #include "survey/surveydata.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 
 namespace {
 

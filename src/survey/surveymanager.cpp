@@ -1,8 +1,8 @@
 #include "survey/surveymanager.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "app/ivideoscreen.h"
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
 #include "survey/corvane/corvanecontroller.h"

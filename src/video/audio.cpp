@@ -1,6 +1,6 @@
 #include "video/audio.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 #include "survey/surveymanager.h"
 
 #include <QDebug>

@@ -1,6 +1,6 @@
 #include "video/camera.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 #include "widgets/hbimessagebox.h"
 
 #include <QAction>

@@ -1,8 +1,8 @@
 #include "video/overlay.h"
 
-#include "app/consolesettings.h"
-#include "app/uikeys.h"
-#include "app/unitpaths.h"
+#include "core/consolesettings.h"
+#include "core/uikeys.h"
+#include "core/unitpaths.h"
 #include "video/imagesaver.h"
 #include "video/outlinedlabel.h"
 #include "widgets/graphics.h"

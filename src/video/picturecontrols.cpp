@@ -1,6 +1,6 @@
 #include "video/picturecontrols.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "video/videoscripts.h"
 #include "video/videotools.h"
 

@@ -1,9 +1,9 @@
 #include "video/video.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "app/controller.h"
-#include "app/uikeys.h"
-#include "app/unitpaths.h"
+#include "core/uikeys.h"
+#include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
 #include "reports/corvaneexport.h"
 #include "survey/surveydata.h"

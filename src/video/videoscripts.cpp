@@ -1,6 +1,6 @@
 #include "video/videoscripts.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 
 #include <QCoreApplication>
 #include <QDebug>

@@ -1,6 +1,6 @@
 #include "widgets/p_combobox.h"
 
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "widgets/widgettag.h"
 
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 #include "widgets/textentrydialog.h"
 
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "widgets/hbilabel.h"
 #include "widgets/hbilineedit.h"
 

@@ -1,4 +1,4 @@
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "app/controller.h"
 #include "storage/storagebase.h"
 #include "support/fakemainwindow.h"

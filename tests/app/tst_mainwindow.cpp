@@ -2,7 +2,7 @@
 #include "app/ivideoscreen.h"
 #include "app/mainwindow.h"
 #include "app/pipescreen.h"
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"

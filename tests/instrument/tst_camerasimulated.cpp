@@ -1,7 +1,7 @@
 // The camera controller against the simulated power board over its
 // pseudo-terminal: a new camera plugged in shows its details on the status tab,
 // and a pressure fault from the board raises the warning box.
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
 #include "instrument/microcontroller.h"
 #include "settings/settingsstatus.h"

@@ -1,4 +1,4 @@
-#include "instrument/iserialdelegate.h"
+#include "core/iserialdelegate.h"
 #include "instrument/serialport.h"
 #include "ptyboard.h"
 

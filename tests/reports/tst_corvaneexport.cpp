@@ -1,4 +1,4 @@
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "reports/corvaneexport.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"

@@ -1,6 +1,6 @@
 // The meterage panel of the coiler and camera page: lettered models, manual
 // entry, the automatic line of a programmed coiler and the overwrite question.
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "instrument/camerabench.h"
 #include "settings/settings.h"
 #include "settings/settingsstatus.h"

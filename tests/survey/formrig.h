@@ -7,7 +7,7 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "app/pipescreen.h"
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "support/testunit.h"
 #include "storage/externalstorage.h"
 #include "support/fakevideoscreen.h"

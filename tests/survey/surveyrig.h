@@ -3,7 +3,7 @@
 // What the survey tests share: a simulated unit with a USB stick to record to,
 // the fake screen, the survey manager on it, and an operator who answers the
 // console's blocking boxes.
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "storage/externalstorage.h"
 #include "support/fakevideoscreen.h"
 #include "support/testunit.h"

@@ -3,7 +3,7 @@
 // real onto the USB stick, which is pulled while the recording runs.
 #include "app/controller.h"
 #include "app/mainwindow.h"
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "storage/externalstorage.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"

@@ -6,7 +6,7 @@
 
 #include "app/controller.h"
 #include "app/mainwindow.h"
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"

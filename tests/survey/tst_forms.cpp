@@ -1,4 +1,4 @@
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "survey/forms/wrcruninfo.h"
 #include "formrig.h"
 

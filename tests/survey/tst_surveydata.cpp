@@ -1,4 +1,4 @@
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "support/testunit.h"
 #include "survey/corvane/corvanedata.h"
 #include "survey/observationline.h"

@@ -1,5 +1,5 @@
-#include "app/consolesettings.h"
-#include "app/uikeys.h"
+#include "core/consolesettings.h"
+#include "core/uikeys.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"
 #include "video/outlinedlabel.h"

@@ -1,9 +1,9 @@
 // The main screen driven as the window and the survey manager drive it, with the
 // unit kit's real scripts; which scripts ran is read from the kit's log.
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "app/controller.h"
 #include "app/mainwindow.h"
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "kitscripts.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"

@@ -1,7 +1,7 @@
 // A recording made through the main screen on the simulated unit: the file the
 // kit's recorder leaves is read back and its frames carry the text that was on
 // the screen while they were recorded.
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "kitscripts.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"

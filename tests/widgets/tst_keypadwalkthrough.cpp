@@ -1,4 +1,4 @@
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "widgets/consolestyle.h"
 #include "widgets/graphics.h"
 #include "widgets/hbimessagebox.h"

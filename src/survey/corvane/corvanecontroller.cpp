@@ -1,9 +1,9 @@
 #include "survey/corvane/corvanecontroller.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "app/controller.h"
 #include "app/ivideoscreen.h"
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 #include "reports/corvaneexport.h"
 #include "storage/externalstorage.h"
 #include "survey/corvane/corvanesurveyfiles.h"

@@ -1,6 +1,6 @@
 #include "survey/corvane/corvanesurveyfiles.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "survey/surveydata.h"
 
 #include <QSettings>

@@ -1,8 +1,8 @@
 #include "survey/forms/baseinfo.h"
 
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 #include "app/controller.h"
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/surveydata.h"
 #include "survey/surveymanager.h"

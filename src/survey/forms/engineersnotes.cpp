@@ -1,7 +1,7 @@
 #include "survey/forms/engineersnotes.h"
 
 #include "app/controller.h"
-#include "app/uikeys.h"
+#include "core/uikeys.h"
 #include "survey/forms/baseinfo.h"
 #include "survey/corvane/corvanecontroller.h"
 #include "widgets/consolestyle.h"

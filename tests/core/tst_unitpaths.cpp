@@ -1,4 +1,4 @@
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 
 #include <QtTest>
 

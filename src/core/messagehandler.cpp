@@ -1,6 +1,6 @@
-#include "app/messagehandler.h"
+#include "core/messagehandler.h"
 
-#include "app/unitpaths.h"
+#include "core/unitpaths.h"
 
 #include <QFile>
 #include <QTextStream>

@@ -1,4 +1,4 @@
-#include "app/processcontroller.h"
+#include "core/processcontroller.h"
 
 #include <QDebug>
 #include <QMutex>

@@ -1,4 +1,4 @@
-#include "app/consolesettings.h"
+#include "core/consolesettings.h"
 
 ConsoleSettings::ConsoleSettings() : QSettings(QStringLiteral("Corvane"), QStringLiteral("Ductline")) {}
 

@@ -1,4 +1,4 @@
-#include "app/messagehandler.h"
+#include "core/messagehandler.h"
 #include "support/testunit.h"
 
 #include <QFile>
