@@ -65,7 +65,7 @@ GraphicGen::GraphicGen(QObject *parent) : QObject(parent), Graphic(new QGraphics
 {
     length_unit = ConsoleSettings().value(QStringLiteral("Coiler/Imperial"), false).toBool() ? QStringLiteral("ft")
                                                                                                : QStringLiteral("m");
-    m_labelFont = QFont(QStringLiteral("Times"), 22);
+    m_labelFont = QFont(QStringLiteral("Times"), 26);
 }
 
 GraphicGen::~GraphicGen() = default;
@@ -187,14 +187,14 @@ void GraphicGen::addNodeTexts(typeOfPipe type)
             info.value(0).trimmed() + QLatin1Char('\t')
                 + sectionDepth(prj_path, currentJob, QStringLiteral("Section/Invert")),
             font);
-        startNode->setPos(1070, 20);
+        startNode->setPos(1265, 60);
     }
     if (type == EOnly || type == SAndE) {
         QGraphicsSimpleTextItem *endNode = Graphic->addSimpleText(
             info.value(2).trimmed() + QLatin1Char('\t')
                 + sectionDepth(prj_path, currentJob, QStringLiteral("Section/EDepth")),
             font);
-        endNode->setPos(60, 1000);
+        endNode->setPos(60, 880);
     }
     const bool upstream = info.value(1).trimmed() == QLatin1String("(U)");
     addPipeBitmap(upstream ? QStringLiteral("Upstream.png") : QStringLiteral("Downstream.png"), 140, 150);

@@ -33,8 +33,9 @@ public:
         QColor line_colour;
     };
 
-    // One observation: distance with its unit, then (picture,) text, then an
-    // optional continuous-defect mark ("S2" starts defect 2, "F2" finishes it).
+    // One observation: distance with its unit, then text; or distance, picture
+    // (empty if none), text and an optional continuous-defect mark ("S2" starts
+    // defect 2, "F2" finishes it).
     using Observation = QStringList;
     using Job = QVector<Observation>;
 

@@ -128,23 +128,25 @@ QImage pipe(const QImage &pattern, bool startManhole, bool endManhole)
 
 QImage junction(bool near)
 {
-    // The pipe point lies at (2, 58) of the near symbol and (159, 58) of the far one.
-    QImage image(near ? 140 : 190, 90, QImage::Format_ARGB32);
+    // The pipe point lies at (2, 58) of the near symbol and (159, 58) of the far
+    // one. A near connection comes towards the viewer, below the pipe; a far one
+    // leaves it away from the viewer, above and behind it.
+    QImage image(near ? 150 : 190, near ? 180 : 90, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
-    const QPointF root = near ? QPointF(14, 62) : QPointF(150, 62);
-    const QPointF tip = near ? QPointF(112, 18) : QPointF(40, 18);
-    QLineF line(root, tip);
-    p.setPen(QPen(kClayDark.darker(130), 36, Qt::SolidLine, Qt::FlatCap));
+    const QPointF root = near ? QPointF(2, 58) : QPointF(159, 58);
+    const QPointF tip = root + (near ? kAcross : -kAcross) * (near ? 100 : 55);
+    const QLineF line(root, tip);
+    p.setPen(QPen(kClayDark.darker(130), 38, Qt::SolidLine, Qt::FlatCap));
     p.drawLine(line);
-    p.setPen(QPen(kClayLight, 28, Qt::SolidLine, Qt::FlatCap));
+    p.setPen(QPen(kClayLight, 30, Qt::SolidLine, Qt::FlatCap));
     p.drawLine(line);
     p.translate(tip);
-    p.rotate(line.angle() * -1 + 90);
+    p.rotate(-line.angle() + 90);
     p.setPen(QPen(kClayDark.darker(150), 3));
     p.setBrush(QColor(45, 35, 30));
-    p.drawEllipse(QRectF(-17, -7, 34, 14));
+    p.drawEllipse(QRectF(-19, -8, 38, 16));
     return image;
 }
 
