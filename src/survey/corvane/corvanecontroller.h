@@ -6,6 +6,7 @@
 #include <QStringList>
 
 class QTimer;
+class exportPDF;
 
 // The ostra reporting mode: the mode key's menus, the life of a project
 // ("<site>.sur") and its sections ("section_<n>"), the questions asked at the
@@ -57,6 +58,7 @@ public slots:
     void exportProject();
     void exportAsPDF();
     void finishResize(QString path);
+    void showReportProgress(QString text);
     void stop();
 
     // Menu answers.
@@ -120,6 +122,7 @@ private:
     void askUsage();
     void endSection();
     QString siteImageRow() const;
+    QString reportFile() const;
     QString mapRow() const;
     void showImageNote();
 
@@ -127,6 +130,8 @@ private:
     QString m_cv_path;
     QStringList m_cv_projects;
     QString inputReportPath;
+    // The report being made; the converter's end deletes it.
+    exportPDF *PDF = nullptr;
     // Closes the "Please begin the survey" note unless the section ended first.
     QTimer *m_timer = nullptr;
     bool mOstraInstruction = false;
