@@ -3,8 +3,11 @@
 #include "core/consolesettings.h"
 #include "core/unitpaths.h"
 #include "reports/cachescript.h"
+#include "reports/flatpng.h"
 
+#include <QCoreApplication>
 #include <QDebug>
+#include <QEventLoop>
 #include <QDir>
 #include <QGraphicsLineItem>
 #include <QGraphicsPixmapItem>
@@ -98,6 +101,14 @@ void GraphicGen::createPipe(const QVector<Job> &jobs, const QVector<QStringList>
     CleanUp();
 }
 
+// A long report holds the main thread for seconds: between pictures the power
+// board's lines and the camera's timers are served, but no key, so nothing the
+// operator does can start a second report or a recording meanwhile.
+void GraphicGen::serveEvents()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 void GraphicGen::CleanUp()
 {
     Graphic->clear();
@@ -105,6 +116,7 @@ void GraphicGen::CleanUp()
     pages.clear();
     m_jobs.clear();
     localInfo.clear();
+    m_bitmaps.clear();
 }
 
 int GraphicGen::getNoPages()
@@ -156,10 +168,18 @@ void GraphicGen::drawJob()
         drawPage(page, pageCount);
 }
 
-bool GraphicGen::loadBitmap(const QString &name, QPixmap *pixmap) const
+bool GraphicGen::loadBitmap(const QString &name, QPixmap *pixmap)
 {
-    if (pixmap->load(bitmapPath(name)))
+    // Every page draws the same few bitmaps: decode each once per report.
+    const auto cached = m_bitmaps.constFind(name);
+    if (cached != m_bitmaps.constEnd()) {
+        *pixmap = cached.value();
         return true;
+    }
+    if (pixmap->load(bitmapPath(name))) {
+        m_bitmaps.insert(name, *pixmap);
+        return true;
+    }
     qWarning() << "Image failed to load" << bitmapPath(name);
     return false;
 }
@@ -501,7 +521,7 @@ void GraphicGen::cdEndBothManholes()
 
 void GraphicGen::saveImage()
 {
-    QImage image(kImageWidth, kImageHeight, QImage::Format_ARGB32);
+    QImage image(kImageWidth, kImageHeight, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     const QRectF source = QRectF(0, 0, kImageWidth, kImageHeight).united(Graphic->itemsBoundingRect());
     {
@@ -511,7 +531,8 @@ void GraphicGen::saveImage()
         Graphic->render(&painter, QRectF(image.rect()), source, Qt::KeepAspectRatio);
     }
     const QString file = pictureFile(int(currentJob), int(currentPage));
-    if (!image.save(file, "PNG"))
+    if (!writeFlatPng(image, file))
         qWarning() << "Pipe graphic could not be written" << file;
     runClearCacheAndWait();
+    serveEvents();
 }

@@ -2,12 +2,13 @@
 
 #include <QColor>
 #include <QFont>
+#include <QHash>
+#include <QPixmap>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
 
 class QGraphicsScene;
-class QPixmap;
 
 // Draws, for each job of a report, the surveyed pipe as one or more PNG pictures
 // "pipegraphic<job>_<page>.png" in the project folder: the pipe bitmap, every
@@ -83,7 +84,7 @@ private:
     void drawLabel(const Observation &obs, double px, double py, int slot, int page);
     void addPipeBitmap(const QString &name, double x, double y, double z = 0);
     void addNodeTexts(typeOfPipe type);
-    bool loadBitmap(const QString &name, QPixmap *pixmap) const;
+    bool loadBitmap(const QString &name, QPixmap *pixmap);
     static QString observationText(const Observation &obs);
     static QString defectMark(const Observation &obs);
 
@@ -102,6 +103,7 @@ private:
     static int cdNumber(const QString &mark);
 
     void saveImage();
+    static void serveEvents();
 
     QGraphicsScene *Graphic = nullptr;
     unsigned currentPage = 1;
@@ -128,4 +130,5 @@ private:
     double junctionX = 0;
     double junctionY = 0;
     QFont m_labelFont;
+    QHash<QString, QPixmap> m_bitmaps;
 };

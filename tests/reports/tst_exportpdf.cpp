@@ -41,6 +41,7 @@ private slots:
     void secondReportReplacesFirst();
     void userLogoIsFitted();
     void missingConverterLeavesNoPdfAndGoesOn();
+    void timersRunWhileTheReportIsMade();
 };
 
 void TestExportPdf::initTestCase()
@@ -231,6 +232,25 @@ void TestExportPdf::missingConverterLeavesNoPdfAndGoesOn()
     QVERIFY(finished);
     QVERIFY(!QFile::exists(project.path() + QStringLiteral("Report.pdf")));
     QVERIFY(log.contains(QStringLiteral("PDF converter could not be started")));
+}
+
+// The power board is read and the camera polled by the event loop: making the
+// report must not hold it for the whole of a long project.
+void TestExportPdf::timersRunWhileTheReportIsMade()
+{
+    ReportProject project;
+    for (int i = 0; i < 6; ++i)
+        project.addTextSection(12);
+    int ticks = 0;
+    QTimer tick;
+    tick.setInterval(0);
+    connect(&tick, &QTimer::timeout, [&ticks] { ++ticks; });
+    CorvaneExport(project.path(), QString()).startExport();
+    exportPDF pdf;
+    tick.start();
+    pdf.createPDF(project.path());
+    tick.stop();
+    QVERIFY2(ticks >= 12, qPrintable(QString::number(ticks)));
 }
 
 QTEST_MAIN(TestExportPdf)
