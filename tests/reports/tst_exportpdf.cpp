@@ -171,6 +171,9 @@ void TestExportPdf::largeProjectFrom29Sections()
     }
     QVERIFY(QFile::exists(exportPDF::splitPartPath(sections - 1)));
     QVERIFY(!QFile::exists(exportPDF::splitPartPath(sections)));
+    // Parts after the first bring their own head, the same as the template's.
+    const QString templateHead = ReportProject::readText(exportPDF::languageDir() + QStringLiteral("PDFtemplate.txt")).section(QLatin1Char('\n'), 0, 0);
+    QCOMPARE(ReportProject::readText(exportPDF::splitPartPath(1)).section(QLatin1Char('\n'), 0, 0), templateHead);
     QVERIFY(done.wait(55000));
     const QString report = project.path() + QStringLiteral("Report.pdf");
     const QString text = ReportProject::pdfText(report).simplified();
