@@ -124,7 +124,6 @@ QStringList exportPDF::getObs(int job, int obs) const
 
 void exportPDF::createPDF(QString projectDir)
 {
-    isWinCan = false;
     if (!projectDir.endsWith(QLatin1Char('/')))
         projectDir += QLatin1Char('/');
     dir = projectDir;
@@ -240,7 +239,6 @@ void exportPDF::fillInfo()
     const QStringList exports = exportFiles();
     picCount = 0;
     jobCount = 0;
-    pageNo = 0;
     if (!m_report.load(workingCopyPath()))
         qWarning() << "file failed to open" << workingCopyPath();
 

@@ -92,9 +92,7 @@ private:
     QString langDir;
     int picCount = 0;
     int pageCount = 0;
-    int pageNo = 0;
     int jobCount = 0;
-    bool isWinCan = false;
     bool mLargeProject = false;
     bool mWrc = false;
 

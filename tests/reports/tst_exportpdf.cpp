@@ -34,6 +34,8 @@ private slots:
     void reportShowsSiteSectionsObservationsAndPhotos();
     void pagesFollowObservationsAndPhotos_data();
     void pagesFollowObservationsAndPhotos();
+    void templatesFollowLanguageAndWrc_data();
+    void templatesFollowLanguageAndWrc();
     void mapPageOnlyWithMap_data();
     void mapPageOnlyWithMap();
     void largeProjectFrom29Sections_data();
@@ -60,6 +62,10 @@ void TestExportPdf::reportShowsSiteSectionsObservationsAndPhotos()
     project.addSection(QStringLiteral("MH2"), QStringLiteral("MH3"),
                        {QStringLiteral("1.10m, JPEG, Snap0002.jpg"), QStringLiteral("1.10m, TEXT, Roots at joint")});
     QFile::copy(project.path() + QStringLiteral("section_1/Snap0000.jpg"), project.path() + QStringLiteral("ReportSite.jpg"));
+    QFile notes(project.path() + QStringLiteral("EngineersNotes.txt"));
+    QVERIFY(notes.open(QIODevice::WriteOnly));
+    notes.write("Access through the rear garden\nDog on site <script>\n");
+    notes.close();
     QVERIFY(makeReport(project));
 
     const QString pdf = project.path() + QStringLiteral("Report.pdf");
@@ -69,7 +75,8 @@ void TestExportPdf::reportShowsSiteSectionsObservationsAndPhotos()
     for (const QString &expected :
          {QStringLiteral("Smith & Sons <b>Yard</b>"), QStringLiteral("section_1"), QStringLiteral("section_2"),
           QStringLiteral("Start of survey"), QStringLiteral("Crack </table> & spalling"), QStringLiteral("Roots at joint"),
-          QStringLiteral("Junction at 3 o'clock"), QStringLiteral("Observation [2]:"), QStringLiteral("Page 1")})
+          QStringLiteral("Junction at 3 o'clock"), QStringLiteral("Observation [2]:"), QStringLiteral("Page 1"),
+          QStringLiteral("Engineer's Notes"), QStringLiteral("Dog on site <script>")})
         QVERIFY2(flat.contains(expected), qPrintable(expected + QStringLiteral(" missing in:\n") + text));
     QVERIFY2(!html().contains(QStringLiteral("<b>Yard</b>")), "operator text went into the page as markup");
     QVERIFY(QFile::exists(project.path() + QStringLiteral("pipegraphic0_1.png")));
@@ -123,6 +130,48 @@ void TestExportPdf::pagesFollowObservationsAndPhotos()
     QVERIFY(!page.contains(QStringLiteral("mDesignator")));
     QVERIFY(!page.contains(QStringLiteral("mStart")));
     QCOMPARE(page.count(QStringLiteral("<td class=\"num\">")), observations);
+}
+
+void TestExportPdf::templatesFollowLanguageAndWrc_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<bool>("wrc");
+    QTest::addColumn<QStringList>("shown");
+    QTest::addColumn<QStringList>("notShown");
+    QTest::newRow("en-GB") << QStringLiteral("en-GB") << false << QStringList{QStringLiteral("Postcode")}
+                           << QStringList{QStringLiteral("Weather"), QStringLiteral("Lining")};
+    QTest::newRow("en-GB with WRC") << QStringLiteral("en-GB") << true
+                                    << QStringList{QStringLiteral("Drizzle"), QStringLiteral("Oxford"),
+                                                   QStringLiteral("<td>Resin</td>"), QStringLiteral("<td>Circular</td>")}
+                                    << QStringList{QStringLiteral("mLining"), QStringLiteral("mPipeRef")};
+    QTest::newRow("en-US") << QStringLiteral("en-US") << true << QStringList{QStringLiteral("ZIP code")}
+                           << QStringList{QStringLiteral("Drizzle")};
+}
+
+void TestExportPdf::templatesFollowLanguageAndWrc()
+{
+    QFETCH(QString, language);
+    QFETCH(bool, wrc);
+    QFETCH(QStringList, shown);
+    QFETCH(QStringList, notShown);
+    ConsoleSettings().setValue(QStringLiteral("Language/code"), language);
+    ConsoleSettings().setValue(QStringLiteral("SurveyData/WRC"), wrc);
+    ReportProject project;
+    project.setProject({{QStringLiteral("TownName"), QStringLiteral("Oxford")}, {QStringLiteral("Weather"), QStringLiteral("Drizzle")}});
+    const QString section = project.addTextSection(2);
+    QSettings fields(section + QStringLiteral(".section.sdb"), QSettings::IniFormat);
+    fields.setValue(QStringLiteral("Section/LiningMaterial"), QStringLiteral("Resin"));
+    fields.setValue(QStringLiteral("Section/Shape"), QStringLiteral("Circular"));
+    fields.sync();
+    const bool made = makeReport(project, false);
+    ConsoleSettings().remove(QStringLiteral("Language"));
+    ConsoleSettings().remove(QStringLiteral("SurveyData"));
+    QVERIFY(made);
+    const QString page = html();
+    for (const QString &text : shown)
+        QVERIFY2(page.contains(text), qPrintable(text));
+    for (const QString &text : notShown)
+        QVERIFY2(!page.contains(text), qPrintable(text));
 }
 
 void TestExportPdf::mapPageOnlyWithMap_data()
