@@ -24,6 +24,8 @@ public:
     static constexpr int kObservationsPerPage = 10;
     static constexpr int kPhotosPerPage = 4;
     static constexpr int kFinishedRepeatMs = 2000;
+    // Ends every page of the templates.
+    static const QString kFooterLine;
 
     explicit exportPDF(QObject *parent = nullptr);
     ~exportPDF() override;
@@ -39,7 +41,6 @@ public:
     static QString workingCopyPath();
     static QString filledPath();
     static QString htmlPath();
-    static QString splitPartPath(int index);
     static QString languageDir();
 
 signals:
@@ -76,7 +77,6 @@ private:
     void setPipePicture();
     void fillLogo();
     void finishFilling();
-    void splitOstraReportFiles(const QStringList &lines);
     void startConverter();
     void cleanUp();
 

@@ -4,6 +4,7 @@
 #include "core/consolesettings.h"
 #include "reports/corvaneexport.h"
 #include "reports/exportpdf.h"
+#include "reports/ostrareportsplitter.h"
 #include "support/logcapture.h"
 #include "support/reportproject.h"
 #include "support/testunit.h"
@@ -215,20 +216,20 @@ void TestExportPdf::largeProjectFrom29Sections()
     QCOMPARE(pdf.isLargeProject(), large);
     QCOMPARE(pdf.getNoJobs(), sections);
     if (!large) {
-        QVERIFY(!QFile::exists(exportPDF::splitPartPath(0)));
+        QVERIFY(!QFile::exists(OstraReportSplitter::partPath(0)));
         return;
     }
-    QVERIFY(QFile::exists(exportPDF::splitPartPath(sections - 1)));
-    QVERIFY(!QFile::exists(exportPDF::splitPartPath(sections)));
+    QVERIFY(QFile::exists(OstraReportSplitter::partPath(sections - 1)));
+    QVERIFY(!QFile::exists(OstraReportSplitter::partPath(sections)));
     // Parts after the first bring their own head, the same as the template's.
     const QString templateHead = ReportProject::readText(exportPDF::languageDir() + QStringLiteral("PDFtemplate.txt")).section(QLatin1Char('\n'), 0, 0);
-    QCOMPARE(ReportProject::readText(exportPDF::splitPartPath(1)).section(QLatin1Char('\n'), 0, 0), templateHead);
+    QCOMPARE(ReportProject::readText(OstraReportSplitter::partPath(1)).section(QLatin1Char('\n'), 0, 0), templateHead);
     QVERIFY(done.wait(55000));
     const QString report = project.path() + QStringLiteral("Report.pdf");
     const QString text = ReportProject::pdfText(report).simplified();
     for (int i = 1; i <= sections; ++i)
         QVERIFY2(text.contains(QStringLiteral("Section section_%1 ").arg(i)), qPrintable(QString::number(i)));
-    QVERIFY(!QFile::exists(exportPDF::splitPartPath(0)));
+    QVERIFY(!QFile::exists(OstraReportSplitter::partPath(0)));
 }
 
 void TestExportPdf::secondReportReplacesFirst()
