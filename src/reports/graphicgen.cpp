@@ -19,6 +19,7 @@
 #include <QPixmap>
 #include <QRegularExpression>
 #include <QSettings>
+#include <QtConcurrent>
 
 namespace {
 
@@ -33,6 +34,7 @@ constexpr double kCdFirstOffset = 52;
 constexpr double kCdSpacing = 12;
 constexpr int kWrapThreshold = 0x41;
 constexpr int kWrapLineLength = 50;
+constexpr int kPicturesInFlight = 2;
 
 const QString kPictureStem = QStringLiteral("pipegraphic");
 const QString kClockWord = QStringLiteral("o'clock");
@@ -66,12 +68,17 @@ bool cutAtBlank(QString *line)
 
 GraphicGen::GraphicGen(QObject *parent) : QObject(parent), Graphic(new QGraphicsScene(this))
 {
+    // Its own writers: the global pool's threads may all be taken by long-running readers.
+    m_writers.setMaxThreadCount(kPicturesInFlight);
     length_unit = ConsoleSettings().value(QStringLiteral("Coiler/Imperial"), false).toBool() ? QStringLiteral("ft")
                                                                                                : QStringLiteral("m");
     m_labelFont = QFont(QStringLiteral("Times"), 26);
 }
 
-GraphicGen::~GraphicGen() = default;
+GraphicGen::~GraphicGen()
+{
+    finishWriting();
+}
 
 void GraphicGen::setPath(QString path)
 {
@@ -98,6 +105,7 @@ void GraphicGen::createPipe(const QVector<Job> &jobs, const QVector<QStringList>
     runClearCacheAndWait();
     for (currentJob = 0; currentJob < unsigned(m_jobs.size()); ++currentJob)
         drawJob();
+    finishWriting();
     CleanUp();
 }
 
@@ -531,8 +539,21 @@ void GraphicGen::saveImage()
         Graphic->render(&painter, QRectF(image.rect()), source, Qt::KeepAspectRatio);
     }
     const QString file = pictureFile(int(currentJob), int(currentPage));
-    if (!writeFlatPng(image, file))
-        qWarning() << "Pipe graphic could not be written" << file;
-    runClearCacheAndWait();
+    // Writing a picture and flushing it takes as long as drawing the next one:
+    // a worker does it meanwhile. Few are kept waiting, each holds megabytes.
+    while (m_writing.size() >= kPicturesInFlight)
+        m_writing.takeFirst().waitForFinished();
+    m_writing << QtConcurrent::run(&m_writers, [image, file] {
+        if (!writeFlatPng(image, file))
+            qWarning() << "Pipe graphic could not be written" << file;
+        runClearCacheAndWait();
+    });
     serveEvents();
+}
+
+void GraphicGen::finishWriting()
+{
+    for (QFuture<void> &writing : m_writing)
+        writing.waitForFinished();
+    m_writing.clear();
 }

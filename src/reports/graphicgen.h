@@ -2,10 +2,13 @@
 
 #include <QColor>
 #include <QFont>
+#include <QFuture>
+#include <QList>
 #include <QHash>
 #include <QPixmap>
 #include <QObject>
 #include <QStringList>
+#include <QThreadPool>
 #include <QVector>
 
 class QGraphicsScene;
@@ -103,6 +106,8 @@ private:
     static int cdNumber(const QString &mark);
 
     void saveImage();
+    // Returns once every picture handed to a worker is on the medium.
+    void finishWriting();
     static void serveEvents();
 
     QGraphicsScene *Graphic = nullptr;
@@ -131,4 +136,6 @@ private:
     double junctionY = 0;
     QFont m_labelFont;
     QHash<QString, QPixmap> m_bitmaps;
+    QList<QFuture<void>> m_writing;
+    QThreadPool m_writers;
 };
