@@ -1,7 +1,7 @@
 #include "survey/surveymanager.h"
 
 #include "core/consolesettings.h"
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "core/unitpaths.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
@@ -516,7 +516,7 @@ void SurveyManager::setCounter(int item, QString meterage)
     if (item == 0)
         return;
     ConsoleSettings().setValue(QStringLiteral("counter/text"), meterage);
-    emit updateCounter();
+    emit updateCounter(meterage);
 }
 
 bool SurveyManager::checkProjectSize(QString path)

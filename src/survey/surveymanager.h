@@ -108,7 +108,8 @@ public slots:
     bool stop();
 
 signals:
-    void updateCounter();
+    // The distance text just stored, for the power board's counter.
+    void updateCounter(const QString &text);
 
 private:
     SurveyManager(IVideoScreen *video, QObject *parent);

@@ -352,6 +352,8 @@ void TestSurveyManager::counterKeysStoreTheText()
     m_rig.manager->setCounter(1, QStringLiteral("12.30"));
     QCOMPARE(ConsoleSettings().value(QStringLiteral("counter/text")).toString(), QStringLiteral("12.30"));
     QCOMPARE(updates.size(), 2);
+    QCOMPARE(updates.at(0).at(0).toString(), QStringLiteral("0.00"));
+    QCOMPARE(updates.at(1).at(0).toString(), QStringLiteral("12.30"));
 
     ConsoleSettings().setValue(QStringLiteral("Coiler/Imperial"), true);
     m_rig.manager->handleAction(SurveyManager::kActionSetCounter, 0);
