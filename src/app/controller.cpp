@@ -221,30 +221,11 @@ void Controller::initialise_shortcuts()
     m_set_counter = addShortcut(QKeySequence(Qt::CTRL | Qt::Key_M), SLOT(setCounterSC()));
 }
 
-void Controller::timeDisplay()
-{
-    emit timeShortcutTriggered();
-}
-
-void Controller::dateDisplay()
-{
-    emit dateShortcutTriggered();
-}
-
-void Controller::graphicsDisplay()
-{
-    emit graphicsShortcutTriggered();
-}
-
-void Controller::setCounterSC()
-{
-    emit setCounterShortcutTriggered();
-}
-
-void Controller::cameraControlDisplay()
-{
-    emit cameraShortcutTriggered();
-}
+void Controller::timeDisplay() { emit timeShortcutTriggered(); }
+void Controller::dateDisplay() { emit dateShortcutTriggered(); }
+void Controller::graphicsDisplay() { emit graphicsShortcutTriggered(); }
+void Controller::setCounterSC() { emit setCounterShortcutTriggered(); }
+void Controller::cameraControlDisplay() { emit cameraShortcutTriggered(); }
 
 // ---- Screens ---------------------------------------------------------------
 
