@@ -87,7 +87,10 @@ Controller::Controller(IMainWindow *window, QObject *parent)
     connect(SurveyManager::instance(), &SurveyManager::updateCounter, this, &Controller::setCounterText);
 
     logServiceAbsent("Wi-Fi");
-    audio::instance(this)->init();
+    audio *headset = audio::instance(this);
+    connect(headset, &audio::detectStarted, SurveyManager::instance(), &SurveyManager::headsetDetectStarted);
+    connect(headset, &audio::finished, SurveyManager::instance(), &SurveyManager::headsetDetectFinished);
+    headset->init();
     init_micro();
 
     m_startup_timer = new QTimer(this);

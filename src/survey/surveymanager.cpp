@@ -9,7 +9,6 @@
 #include "survey/corvane/corvanedata.h"
 #include "survey/observationline.h"
 #include "survey/wincan/wincandata.h"
-#include "video/audio.h"
 #include "widgets/hbimessagebox.h"
 #include "widgets/p_lineedit.h"
 
@@ -258,9 +257,7 @@ void SurveyManager::waitForHeadsetDetection()
 {
     audiorecordstatus = true;
     delayflag = false;
-    audio *detector = audio::instance();
-    // The detection in flight decides the audio mode the recording starts in.
-    while (!(delayflag = detector->detectFinished()))
+    while (!(delayflag = m_headsetDetectFinished))
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 

@@ -33,6 +33,7 @@ private slots:
 
     void basicSurveyFromRecordToStop();
     void recordIgnoredWhileScreenRecords();
+    void recordWaitsForTheHeadsetDetection();
     void stopWithEndHeaderWaitsForIt();
     void snapshotsAreNumberedInOrder();
     void siteImageWaitsForCounterToHide();
@@ -226,6 +227,22 @@ void TestSurveyManager::recordIgnoredWhileScreenRecords()
     m_rig.screen.recording = false;
     m_rig.manager->handleAction(SurveyManager::kActionStop, 0);
     QVERIFY(m_rig.surveyCalls().isEmpty());
+}
+
+void TestSurveyManager::recordWaitsForTheHeadsetDetection()
+{
+    m_rig.manager->headsetDetectStarted();
+    bool recordedBeforeTheEnd = true;
+    QTimer::singleShot(0, m_rig.manager, [this, &recordedBeforeTheEnd] {
+        recordedBeforeTheEnd = !m_rig.screen.calls.filter(QRegularExpression(QStringLiteral("^record "))).isEmpty();
+        m_rig.manager->headsetDetectFinished();
+    });
+    m_rig.manager->handleAction(SurveyManager::kActionRecord, 0);
+    QVERIFY(!recordedBeforeTheEnd);
+    QCOMPARE(m_rig.manager->status(), SurveyManager::Recording);
+    m_rig.screen.recording = true;
+    m_rig.manager->handleAction(SurveyManager::kActionStop, 0);
+    QCOMPARE(m_rig.manager->status(), SurveyManager::Idle);
 }
 
 void TestSurveyManager::stopWithEndHeaderWaitsForIt()
