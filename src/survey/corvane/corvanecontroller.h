@@ -12,9 +12,9 @@ class QTimer;
 // ("<site>.sur") and its sections ("section_<n>"), the questions asked at the
 // start and end of a recorded section (CorvaneQuestions), and the report triggers.
 //
-// Menus and questions are shown on the video screen; each answer comes back to
-// one of the slots below, as (row) from a menu or (key, text) from a text entry,
-// key 0 meaning Cancel or Escape.
+// Menus are shown on the video screen; each answer comes back to one of the
+// slots below, as (row) from a menu or (key, text) from a text entry, key 0
+// meaning Cancel or Escape. The section questions answer to CorvaneQuestions.
 class CorvaneController : public SurveyController
 {
     Q_OBJECT
