@@ -10,6 +10,7 @@
 #include "core/processcontroller.h"
 #include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
+#include "instrument/camerawarnings.h"
 #include "instrument/clockcontrol.h"
 #include "instrument/microcontroller.h"
 #include "storage/externalstorage.h"
@@ -157,6 +158,11 @@ void Controller::createServices()
     storage = ExternalStorage::instance(this);
     connect(storage, &ExternalStorage::saveto_device_changed, this, [this] { storage->update(); });
     SurveyManager::instance(m_window->videoScreen(), this);
+    // The camera only says it needs the operator; the survey manager's box asks.
+    CameraWarnings *warnings = CameraController::instance()->warnings();
+    connect(warnings, &CameraWarnings::warningRaised, this, [warnings](const QString &text, bool atex) {
+        warnings->answerWarning(SurveyManager::instance()->showWarning(text, atex));
+    });
     storage->init();
 }
 

@@ -2,6 +2,7 @@
 // replies fed through ReceiveData and by firing its timers by hand.
 #include "camerabench.h"
 #include "instrument/cameraeventlog.h"
+#include "instrument/camerawarnings.h"
 #include "support/testunit.h"
 
 #include <QFile>
@@ -65,8 +66,10 @@ private slots:
         QVERIFY(m_unit.isValid());
         m_bench = new CameraBench;
         m_camera = m_bench->camera;
-        m_camera->setWarningPresenter(
-            [this](const QString &text, bool atex) { return answerWarning(text, atex); });
+        // As the survey layer does: show the box, then hand the answer back.
+        connect(m_camera->warnings(), &CameraWarnings::warningRaised, this, [this](const QString &text, bool atex) {
+            m_camera->warnings()->answerWarning(answerWarning(text, atex));
+        });
     }
 
     // Every case starts from a healthy camera that has gone away, so the next
@@ -336,6 +339,7 @@ private slots:
         m_bench->answers["getCamPressure"] = {C::kCamPressure, "120,215"};
         m_bench->answers["getAtexPass"] = {C::kCamPassStatus, "01"};
         QVERIFY(m_bench->cycle());
+        QVERIFY(!m_camera->isShowingWarning());
         disconnect(sent);
 
         // The asking after the right code still hears the camera's earlier answer.
@@ -349,6 +353,29 @@ private slots:
         // Acknowledged: the pressure no longer counts.
         QVERIFY(m_bench->cycle());
         QCOMPARE(m_camera->GetCameraStateFlags() & 0xF0, 0);
+    }
+
+    void passCodeWaitEndsWhenTheCameraGoesAway()
+    {
+        m_bench->answers["getCamHW"] = {C::kCamHW, "140"};
+        QVERIFY(m_bench->bringUpNewCamera());
+        // The board never confirms the code, so the conversation waits on the camera.
+        m_passCodeAsks = 0;
+        m_bench->answers["getCamPressure"] = {C::kCamPressure, "120,215"};
+        m_bench->answers["getAtexPass"] = {C::kCamPassStatus, "01"};
+        m_camera->UpdateCameraState();
+        QTRY_VERIFY(m_camera->isShowingWarning());
+        QCOMPARE(m_passCodeAsks, 1);
+        QVERIFY(!m_bench->requestTimer()->isActive());
+
+        m_camera->setVideoOff();
+        QVERIFY(!m_camera->isShowingWarning());
+        QCOMPARE(m_passCodeAsks, 1);
+        QCOMPARE(events().filter(QRegularExpression("^4,")),
+                 QStringList{"4,0,10597059,User Action to Clear Warning - No input"});
+        // The cycle goes on, and finds the camera gone.
+        QVERIFY(m_bench->requestTimer()->isActive());
+        m_bench->requestTimer()->stop();
     }
 
     void cameraLogRepliesOfSixteenDigitsOnly()
