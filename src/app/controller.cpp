@@ -8,6 +8,7 @@
 #include "app/istatus.h"
 #include "app/ivideoscreen.h"
 #include "core/processcontroller.h"
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
 #include "instrument/camerawarnings.h"
@@ -26,8 +27,6 @@
 #include <QFile>
 #include <QImage>
 #include <QKeyEvent>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QShortcut>
@@ -59,11 +58,7 @@ void logServiceAbsent(const char *service)
 
 Controller *Controller::create(IMainWindow *window, QObject *parent)
 {
-    static QMutex mutex;
-    QMutexLocker lock(&mutex);
-    if (!s_instance)
-        s_instance = new Controller(window, parent);
-    return s_instance;
+    return Singleton<Controller>::instance(s_instance, window, parent);
 }
 
 Controller *Controller::instance()

@@ -16,6 +16,9 @@ class QSettings;
 class QShortcut;
 class QTimer;
 
+template <typename T>
+class Singleton;
+
 // The process-wide centre: owns the instrument link and long-lived services,
 // walks start-up, holds the stack of screens and its rules, forwards power-board
 // events to the screens and carries out shutdown.
@@ -153,6 +156,7 @@ private slots:
     void cameraControlDisplay();
 
 private:
+    friend class Singleton<Controller>;
     Controller(IMainWindow *window, QObject *parent);
 
     bool configureScreen(int n);

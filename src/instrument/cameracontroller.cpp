@@ -24,6 +24,32 @@ constexpr int kStatusSondeStep = 6;
 constexpr int kStatusPassStep = 7;
 constexpr int kStatusDoneStep = 9;
 
+// One step of a chain: what is asked and which reply answers it.
+struct ChainStep {
+    void (CameraController::*request)();
+    CameraController::CameraCommand reply;
+};
+
+using C = CameraController;
+// Step 8 of the information chain asks nothing: the chain waits for its timeout,
+// which is how the camera has always been given time before the status.
+const ChainStep kInformationSteps[] = {
+    {&C::getCamSerial, C::kCamSerial},       {&C::getCamFW, C::kCamFW},
+    {&C::getCamPart, C::kCamPart},           {&C::getCamHW, C::kCamHW},
+    {&C::getCamBoard, C::kCamBoard},         {&C::getCamManufactureDate, C::kCamManuf},
+    {&C::getCamMaintenanceDate, C::kCamMaintenance}, {&C::getSondeFrequency, C::kCamSondeFrequency},
+};
+const ChainStep kStatusSteps[] = {
+    {&C::getCamCurrent, C::kCamCurrent}, {&C::getCamVolt, C::kCamVolt},
+    {&C::getCamTemp, C::kCamTemp},       {&C::getCamPressure, C::kCamPressure},
+    {&C::getCamOrientation, C::kCamOrientation}, {&C::getCamStatus, C::kCamStatus},
+};
+
+template <size_t N>
+const ChainStep *stepAt(const ChainStep (&steps)[N], int index)
+{
+    return index >= 0 && size_t(index) < N ? &steps[index] : nullptr;
+}
 } // namespace
 
 CameraController *CameraController::instance(QObject *parent)
@@ -63,11 +89,6 @@ CameraController::~CameraController()
     delete eventLog;
 }
 
-bool CameraController::isShowingWarning() const
-{
-    return m_warnings->isShowing();
-}
-
 void CameraController::initCamera()
 {
     coilerType = kOld;
@@ -88,16 +109,6 @@ void CameraController::initCamera()
 }
 
 // ---- Tables ----------------------------------------------------------------
-
-void CameraController::ReadCoilerFile()
-{
-    tables.ReadCoilerFile();
-}
-
-void CameraController::ReadCameraFile()
-{
-    tables.ReadCameraFile();
-}
 
 void CameraController::ReadCoilerTable()
 {
@@ -128,39 +139,18 @@ void CameraController::ReadCameraTable()
 void CameraController::ReceiveData(CameraCommand command, QString data)
 {
     switch (retfunc) {
-    case kCameraState:
-        ProcessCameraState(command);
-        break;
-    case kCameraType:
-        ProcessCameraType(command, data);
-        break;
-    case kCoilerType:
-        ProcessCoilerType(command, data);
-        break;
-    case kCoilerEQ:
-        ProcessCoilerEQ(command, data);
-        break;
-    case kCameraInfo:
-        ProcessCameraInfo(command, data);
-        break;
-    case kCameraStatus:
-        ProcessCameraStatus(command, data);
-        break;
-    case kSondeStatus:
-        ProcessSondeStatus(command, data);
-        break;
-    case kPassStatus:
-        ProcessPassStatus(command, data);
-        break;
+    case kCameraState: ProcessCameraState(command); break;
+    case kCameraType: ProcessCameraType(command, data); break;
+    case kCoilerType: ProcessCoilerType(command, data); break;
+    case kCoilerEQ: ProcessCoilerEQ(command, data); break;
+    case kCameraInfo: ProcessCameraInfo(command, data); break;
+    case kCameraStatus: ProcessCameraStatus(command, data); break;
+    case kSondeStatus: ProcessSondeStatus(command, data); break;
+    case kPassStatus: ProcessPassStatus(command, data); break;
     default:
         qInfo() << "Could not Process Function. End Camera Receive Data.";
         break;
     }
-}
-
-void CameraController::handlePowerBoardID(bool newBoard)
-{
-    powerBoardTypeValue = newBoard ? kNew : kOld;
 }
 
 void CameraController::enablePolling()
@@ -322,13 +312,18 @@ void CameraController::ProcessCoilerEQ(CameraCommand command, const QString &dat
 
 // ---- Information chain: what the camera is ----------------------------------
 
+// Pressures not read in this cycle count as 0.
+void CameraController::startCameraChain()
+{
+    pointTimeoutAt(&CameraController::CalculateCameraState);
+    cam.camPressure1 = cam.camPressure2 = 0;
+    timeoutTimer->start(kLongTimeoutMs);
+}
+
 void CameraController::UpdateCameraInfo()
 {
-    if (currentCommand == 0) {
-        pointTimeoutAt(&CameraController::CalculateCameraState);
-        cam.camPressure1 = cam.camPressure2 = 0;
-        timeoutTimer->start(kLongTimeoutMs);
-    }
+    if (currentCommand == 0)
+        startCameraChain();
     if (currentCommand <= kInfoLastStep) {
         RequestCameraInfo();
         return;
@@ -341,26 +336,14 @@ void CameraController::UpdateCameraInfo()
 void CameraController::RequestCameraInfo()
 {
     retfunc = kCameraInfo;
-    switch (currentCommand) {
-    case 0: emit getCamSerial(); break;
-    case 1: emit getCamFW(); break;
-    case 2: emit getCamPart(); break;
-    case 3: emit getCamHW(); break;
-    case 4: emit getCamBoard(); break;
-    case 5: emit getCamManufactureDate(); break;
-    case 6: emit getCamMaintenanceDate(); break;
-    case 7: emit getSondeFrequency(); break;
-    // Step 8 asks nothing: the chain waits for its timeout, which is how the
-    // camera has always been given time between the information and the status.
-    default: break;
-    }
+    if (const ChainStep *step = stepAt(kInformationSteps, currentCommand))
+        (this->*step->request)();
 }
 
 void CameraController::ProcessCameraInfo(CameraCommand command, const QString &data)
 {
-    static const CameraCommand expected[] = {kCamSerial, kCamFW,   kCamPart,        kCamHW,
-                                             kCamBoard,  kCamManuf, kCamMaintenance, kCamSondeFrequency};
-    if (currentCommand < 0 || currentCommand > 7 || command != expected[currentCommand])
+    const ChainStep *step = stepAt(kInformationSteps, currentCommand);
+    if (!step || command != step->reply)
         return;
     const int lastHardware = cam.camHW;
     if (!cam.takeInformation(command, data))
@@ -395,11 +378,8 @@ void CameraController::CalculateServiceSchedule()
 
 void CameraController::UpdateCameraStatus()
 {
-    if (currentCommand == 0) {
-        pointTimeoutAt(&CameraController::CalculateCameraState);
-        cam.camPressure1 = cam.camPressure2 = 0;
-        timeoutTimer->start(kLongTimeoutMs);
-    }
+    if (currentCommand == 0)
+        startCameraChain();
     if (currentCommand < kStatusSondeStep) {
         RequestCameraStatus();
     } else if (currentCommand == kStatusSondeStep) {
@@ -417,21 +397,14 @@ void CameraController::UpdateCameraStatus()
 void CameraController::RequestCameraStatus()
 {
     retfunc = kCameraStatus;
-    switch (currentCommand) {
-    case 0: emit getCamCurrent(); break;
-    case 1: emit getCamVolt(); break;
-    case 2: emit getCamTemp(); break;
-    case 3: emit getCamPressure(); break;
-    case 4: emit getCamOrientation(); break;
-    case 5: emit getCamStatus(); break;
-    default: break;
-    }
+    if (const ChainStep *step = stepAt(kStatusSteps, currentCommand))
+        (this->*step->request)();
 }
 
 void CameraController::ProcessCameraStatus(CameraCommand command, const QString &data)
 {
-    static const CameraCommand expected[] = {kCamCurrent, kCamVolt, kCamTemp, kCamPressure, kCamOrientation, kCamStatus};
-    if (currentCommand < 0 || currentCommand >= kStatusSondeStep || command != expected[currentCommand])
+    const ChainStep *step = stepAt(kStatusSteps, currentCommand);
+    if (!step || command != step->reply)
         return;
     cam.takeStatus(command, data);
     if (command == kCamTemp)
@@ -582,11 +555,6 @@ void CameraController::startNextCycle()
 
 // ---- Warnings and logs ------------------------------------------------------------
 
-QString CameraController::warningText(WarningStates warning)
-{
-    return CameraWarnings::warningText(warning);
-}
-
 void CameraController::ShowWarnings()
 {
     // A late state reply while the box is up would open the same warning again on top of it.
@@ -619,22 +587,3 @@ void CameraController::UpdateCameraLogs(int eventID, int eventType)
     eventLog->append(eventID, eventType, cam.camSerial);
 }
 
-void CameraController::ClearCameraLogs()
-{
-    storedLogs.clear();
-}
-
-QString CameraController::logSerial() const
-{
-    return storedLogs.serial();
-}
-
-QVector<CameraController::CameraLog> CameraController::cameraLog(CameraCommand command) const
-{
-    return storedLogs.events(command);
-}
-
-void CameraController::ProcessCameraLogs(CameraCommand command, QString data)
-{
-    storedLogs.store(command, data);
-}

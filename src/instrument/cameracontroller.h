@@ -4,6 +4,7 @@
 #include "instrument/camerareadings.h"
 #include "instrument/camerastoredlogs.h"
 #include "instrument/cameratables.h"
+#include "instrument/camerawarnings.h"
 
 #include <QDate>
 #include <QObject>
@@ -12,7 +13,6 @@
 
 class QTimer;
 class CameraEventLog;
-class CameraWarnings;
 template <typename T>
 class Singleton;
 
@@ -107,17 +107,17 @@ public:
     ~CameraController() override;
 
     void ReceiveData(CameraCommand command, QString data);
-    void ProcessCameraLogs(CameraCommand command, QString data);
-    void handlePowerBoardID(bool newBoard);
+    void ProcessCameraLogs(CameraCommand command, QString data) { storedLogs.store(command, data); }
+    void handlePowerBoardID(bool newBoard) { powerBoardTypeValue = newBoard ? kNew : kOld; }
     void enablePolling();
     void disablePolling();
     void setVideoOn();
     void setVideoOff();
     void SetSondeStatus();
-    void ClearCameraLogs();
+    void ClearCameraLogs() { storedLogs.clear(); }
     void initCamera();
-    void ReadCoilerFile();
-    void ReadCameraFile();
+    void ReadCoilerFile() { tables.ReadCoilerFile(); }
+    void ReadCameraFile() { tables.ReadCameraFile(); }
 
     float GetMeterage() const { return coilerMeterage; }
     int GetPushrodLength() const { return pushrodLength; }
@@ -131,15 +131,15 @@ public:
     QString GetSerial() const { return cam.camSerial; }
     QString GetFirmware() const { return cam.camFW; }
     QDate GetMaintenanceDate() const { return cam.camMaintenance; }
-    QString logSerial() const;
-    QVector<CameraLog> cameraLog(CameraCommand command) const;
+    QString logSerial() const { return storedLogs.serial(); }
+    QVector<CameraLog> cameraLog(CameraCommand command) const { return storedLogs.events(command); }
 
     // Where the operator is asked about warnings: a higher layer listens to its
     // warningRaised and answers through its answerWarning.
     CameraWarnings *warnings() const { return m_warnings; }
-    bool isShowingWarning() const;
+    bool isShowingWarning() const { return m_warnings->isShowing(); }
 
-    static QString warningText(WarningStates warning);
+    static QString warningText(WarningStates warning) { return CameraWarnings::warningText(warning); }
 
 public slots:
     void UpdateCameraState();
@@ -208,6 +208,7 @@ private:
     void SetCoilerEQ();
     void ProcessCoilerEQ(CameraCommand command, const QString &data);
 
+    void startCameraChain();
     void UpdateCameraInfo();
     void RequestCameraInfo();
     void ProcessCameraInfo(CameraCommand command, const QString &data);

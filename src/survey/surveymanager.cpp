@@ -2,6 +2,7 @@
 
 #include "core/consolesettings.h"
 #include "app/ivideoscreen.h"
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
@@ -18,8 +19,6 @@
 #include <QFile>
 #include <QGridLayout>
 #include <QMetaEnum>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -66,12 +65,8 @@ SurveyManager::SurveyManager(IVideoScreen *video, QObject *parent) : QObject(par
 
 SurveyManager *SurveyManager::instance(IVideoScreen *video, QObject *parent)
 {
-    static QMutex mutex;
     static SurveyManager *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new SurveyManager(video, parent);
-    return theInstance;
+    return Singleton<SurveyManager>::instance(theInstance, video, parent);
 }
 
 void SurveyManager::registerController(SurveyType type, SurveyController *controller)

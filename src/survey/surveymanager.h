@@ -13,6 +13,9 @@ class QTimer;
 class SurveyController;
 class SurveyData;
 
+template <typename T>
+class Singleton;
+
 // Knows whether a survey runs and of which kind. Keys, the mobile link and the
 // camera warnings reach the survey through it; it picks the controller of the
 // current mode, checks storage and project size before recording, walks the
@@ -111,6 +114,7 @@ signals:
     void updateCounter();
 
 private:
+    friend class Singleton<SurveyManager>;
     SurveyManager(IVideoScreen *video, QObject *parent);
 
     void handleRecord();

@@ -3,6 +3,7 @@
 #include "core/consolesettings.h"
 #include "app/controller.h"
 #include "app/ivideoscreen.h"
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "reports/corvaneexport.h"
 #include "storage/externalstorage.h"
@@ -16,8 +17,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QTimer>
 
@@ -101,12 +100,8 @@ CorvaneController::CorvaneController(QObject *parent) : SurveyController(parent)
 
 CorvaneController *CorvaneController::instance(QObject *parent)
 {
-    static QMutex mutex;
     static CorvaneController *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new CorvaneController(parent);
-    return theInstance;
+    return Singleton<CorvaneController>::instance(theInstance, parent);
 }
 
 QString CorvaneController::projectFolderName()

@@ -7,6 +7,9 @@
 
 class QTimer;
 
+template <typename T>
+class Singleton;
+
 // The ostra reporting mode: the mode key's menus, the life of a project
 // ("<site>.sur") and its sections ("section_<n>"), the questions asked at the
 // start and end of a recorded section, and the report triggers.
@@ -106,6 +109,7 @@ private slots:
     void selectEngineersNotes();
 
 private:
+    friend class Singleton<CorvaneController>;
     explicit CorvaneController(QObject *parent);
     static QString projectFolderName();
     void showSelectMenu(const QStringList &rows, const char *slot);
