@@ -11,7 +11,6 @@
 #include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
-#include "instrument/camerawarnings.h"
 #include "instrument/clockcontrol.h"
 #include "instrument/microcontroller.h"
 #include "storage/externalstorage.h"
@@ -153,11 +152,7 @@ void Controller::createServices()
     storage = ExternalStorage::instance(this);
     connect(storage, &ExternalStorage::saveto_device_changed, this, [this] { storage->update(); });
     SurveyManager::instance(m_window->videoScreen(), this);
-    // The camera only says it needs the operator; the survey manager's box asks.
-    CameraWarnings *warnings = CameraController::instance()->warnings();
-    connect(warnings, &CameraWarnings::warningRaised, this, [warnings](const QString &text, bool atex) {
-        warnings->answerWarning(SurveyManager::instance()->showWarning(text, atex));
-    });
+    SurveyManager::instance()->answerCameraWarnings(CameraController::instance()->warnings());
     storage->init();
 }
 

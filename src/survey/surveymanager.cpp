@@ -4,6 +4,7 @@
 #include "app/ivideoscreen.h"
 #include "core/singleton.h"
 #include "core/unitpaths.h"
+#include "instrument/camerawarnings.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
 #include "survey/corvane/corvanecontroller.h"
@@ -551,6 +552,13 @@ void SurveyManager::showNote(const QString &text)
 }
 
 // ---- Camera warning -------------------------------------------------------------
+
+void SurveyManager::answerCameraWarnings(CameraWarnings *warnings)
+{
+    connect(warnings, &CameraWarnings::warningRaised, this, [this, warnings](const QString &text, bool atex) {
+        warnings->answerWarning(showWarning(text, atex));
+    });
+}
 
 QString SurveyManager::showWarning(QString text, bool atex)
 {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+class CameraWarnings;
 class CorvaneController;
 class HBIMessageBox;
 class IVideoScreen;
@@ -85,6 +86,8 @@ public:
     // The blocking camera warning. Returns the box's answer as a number, or
     // with atex the passcode the operator typed.
     QString showWarning(QString text, bool atex);
+    // Camera warnings are shown in showWarning's box and answered from it.
+    void answerCameraWarnings(CameraWarnings *warnings);
     // The project directory of the current mode, with a trailing "/"; empty
     // in a basic survey.
     QString getDirectory();
