@@ -5,7 +5,7 @@
 #include "app/ihelpscreen.h"
 #include "app/imainwindow.h"
 #include "app/isplashscreen.h"
-#include "app/istatus.h"
+#include "settings/istatus.h"
 #include "app/ivideoscreen.h"
 #include "core/processcontroller.h"
 #include "core/singleton.h"
