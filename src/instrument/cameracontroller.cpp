@@ -5,7 +5,6 @@
 #include "instrument/cameraeventlog.h"
 #include "instrument/camerawarnings.h"
 
-#include <QDateTime>
 #include <QDebug>
 #include <QTimer>
 

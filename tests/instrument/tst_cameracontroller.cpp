@@ -20,6 +20,7 @@ class TestCameraController : public QObject
     QStringList m_warnings;
     int m_passCodeAsks = 0;
     int m_acceptOnAsk = 0;
+    bool m_answerLater = false;
 
     // The operator: reads the warning and, asked for a pass code, cancels until
     // the ask numbered m_acceptOnAsk, when the camera is made to accept the code.
@@ -68,7 +69,9 @@ private slots:
         m_camera = m_bench->camera;
         // As the survey layer does: show the box, then hand the answer back.
         connect(m_camera->warnings(), &CameraWarnings::warningRaised, this, [this](const QString &text, bool atex) {
-            m_camera->warnings()->answerWarning(answerWarning(text, atex));
+            const QString answer = answerWarning(text, atex);
+            if (!m_answerLater)
+                m_camera->warnings()->answerWarning(answer);
         });
     }
 
@@ -78,6 +81,7 @@ private slots:
     {
         m_bench->healthyNewCamera();
         m_acceptOnAsk = 0;
+        m_answerLater = false;
         QVERIFY(m_bench->bringUpNewCamera());
         QVERIFY(m_bench->cycle());
         m_camera->setVideoOff();
@@ -353,6 +357,27 @@ private slots:
         // Acknowledged: the pressure no longer counts.
         QVERIFY(m_bench->cycle());
         QCOMPARE(m_camera->GetCameraStateFlags() & 0xF0, 0);
+    }
+
+    void aWarningAnsweredLaterHoldsTheCycleUntilThen()
+    {
+        QVERIFY(m_bench->bringUpNewCamera());
+        m_answerLater = true;
+        m_bench->answers["getCamTemp"] = {C::kCamTemp, "72"};
+        m_camera->UpdateCameraState();
+        QTRY_VERIFY(m_camera->isShowingWarning());
+        QVERIFY(!m_bench->requestTimer()->isActive());
+        QCOMPARE(events().filter(QRegularExpression("^[34],")),
+                 QStringList{"3,3,10597059,Warning Shown - Over Temperature - Non-ATEX"});
+
+        m_camera->warnings()->answerWarning(QStringLiteral("0"));
+        QVERIFY(!m_camera->isShowingWarning());
+        QVERIFY(m_bench->requestTimer()->isActive());
+        QCOMPARE(events().filter(QRegularExpression("^4,")),
+                 QStringList{"4,1,10597059,User Action to Clear Warning - Pin Code input"});
+        // Shown once: the next cycle finds the same warning and stays quiet.
+        QVERIFY(m_bench->cycle());
+        QCOMPARE(m_warnings.size(), 1);
     }
 
     void passCodeWaitEndsWhenTheCameraGoesAway()
