@@ -2,8 +2,8 @@
 
 #include "core/consolesettings.h"
 #include "app/ivideoscreen.h"
-#include "core/singleton.h"
 #include "core/unitpaths.h"
+#include "core/singleton.h"
 #include "instrument/camerawarnings.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
