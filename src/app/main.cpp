@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
@@ -40,12 +41,29 @@ void repairDisplayIfMissing()
                              + QString::fromLocal8Bit(repair.readAllStandardOutput() + repair.readAllStandardError());
 }
 
-void stopBootImage()
+// One list element on purpose: the boot-image viewer is stopped by the system's own sudo rules.
+// Started here and waited for only when the splash is about to draw, so reading the
+// settings and decoding the splash picture overlap with it.
+void startStoppingBootImage(QProcess &stop)
 {
-    // One list element on purpose: the boot-image viewer is stopped by the system's own sudo rules.
-    QProcess stop;
     stop.start(QStringLiteral("sudo"), {QStringLiteral("killall fbi")});
+}
+
+void waitForBootImageToGo(QProcess &stop)
+{
     stop.waitForFinished(30000);
+}
+
+// Without a session bus libdbus would fork dbus-launch to make one the first time
+// anything asks; a unit has no desktop session, so say so before Qt asks.
+void disableSessionBusIfAbsent()
+{
+    if (!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        return;
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && QFileInfo::exists(QFile::decodeName(runtime + "/bus")))
+        return;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
 
 } // namespace
@@ -88,16 +106,19 @@ int main(int argc, char *argv[])
     installCrashHandlers();
     qInstallMessageHandler(MessageHandler);
     qputenv("QT_FONT_DPI", "64");
+    disableSessionBusIfAbsent();
 
     QApplication app(argc, argv);
     initialiseGraphics();
     ConsoleStyle::apply(app);
     qInfo().noquote() << QStringLiteral("Starting Ductline ") + QLatin1String(kDuctlineVersion);
     repairDisplayIfMissing();
-    stopBootImage();
+    QProcess bootImage;
+    startStoppingBootImage(bootImage);
 
     const QString language = ConsoleSettings::languageCode();
     QSplashScreen splash(QPixmap(splashPicture(language)));
+    waitForBootImageToGo(bootImage);
     splash.show();
 
     QCoreApplication::setApplicationVersion(QString::fromLatin1(kDuctlineVersion));

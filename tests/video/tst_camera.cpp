@@ -130,8 +130,8 @@ void TestCamera::pictureControlsGoToTheDevice()
     VideoTools tools;
     const QByteArray setter = "set" + control.left(1).toUpper().toLatin1() + control.mid(1).toLatin1();
     QVERIFY(QMetaObject::invokeMethod(&tools, setter.constData(), Q_ARG(int, value)));
-    QVERIFY2(m_unit.kitLog().value(m_unit.kitLog().size() - 1).endsWith(command),
-             qPrintable(m_unit.kitLog().join(QLatin1Char('\n'))));
+    QTRY_VERIFY2(m_unit.kitLog().value(m_unit.kitLog().size() - 1).endsWith(command),
+                 qPrintable(m_unit.kitLog().join(QLatin1Char('\n'))));
 }
 
 QTEST_MAIN(TestCamera)
