@@ -4,6 +4,7 @@
 #include "app/mainwindow.h"
 #include "core/messagehandler.h"
 #include "app/splashpicture.h"
+#include "app/startuptimes.h"
 #include "core/unitpaths.h"
 #include "app/version.h"
 #include "widgets/consolestyle.h"
@@ -11,7 +12,6 @@
 
 #include <QApplication>
 #include <QDebug>
-#include <QElapsedTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,7 +19,6 @@
 #include <QProcess>
 #include <QScreen>
 #include <QSplashScreen>
-#include <QTimer>
 #include <QTranslator>
 #include <ctime>
 #include <cstdio>
@@ -97,8 +96,7 @@ static void logIdentity()
 
 int main(int argc, char *argv[])
 {
-    QElapsedTimer sinceStart;
-    sinceStart.start();
+    StartupTimes::markStart();
     CleanExit cleanExit;
     Q_UNUSED(cleanExit)
     Q_UNUSED(s_defaultHandler)
@@ -144,9 +142,7 @@ int main(int argc, char *argv[])
                              .arg(double(clock() - started) / 1000000.0);
     window->show();
     splash.finish(window);
-    QTimer::singleShot(0, [&sinceStart] {
-        qInfo().noquote() << QStringLiteral("Event loop running %1 ms after start").arg(sinceStart.elapsed());
-    });
+    new StartupTimes(window);
     const int result = app.exec();
     delete window;
     return result;
