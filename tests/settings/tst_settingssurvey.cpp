@@ -2,9 +2,9 @@
 // entry, the automatic line of a programmed coiler and the overwrite question.
 #include "core/consolesettings.h"
 #include "instrument/camerabench.h"
-#include "settings/settings.h"
 #include "settings/settingsstatus.h"
 #include "settings/settingssurvey.h"
+#include "support/boxanswer.h"
 #include "support/testunit.h"
 #include "widgets/hbimessagebox.h"
 
@@ -57,12 +57,6 @@ private slots:
     }
 
     void init() { cameraGone(); }
-
-    void theSettingsPageHasACoilerTab()
-    {
-        Settings settings;
-        QVERIFY(settings.surveyScreen());
-    }
 
     void storedValueSelectsItsRow_data()
     {
@@ -140,18 +134,14 @@ private slots:
         store("0.98");
         SettingsSurvey panel;
         press(&panel, Qt::Key_D);
-        QString asked;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, this, [&] {
-            if (auto *box = qobject_cast<HBIMessageBox *>(QApplication::activeModalWidget())) {
-                asked = box->text();
-                QVERIFY(box->defaultButton() == box->button(QMessageBox::Yes));
-                box->button(QMessageBox::Yes)->click();
-            }
+        bool yesIsTheDefault = false;
+        BoxAnswer yes([&](QMessageBox *box) {
+            yesIsTheDefault = box->defaultButton() == box->button(QMessageBox::Yes);
+            box->button(QMessageBox::Yes)->click();
         });
-        answer.start(20);
         panel.saveSettingsClicked();
-        QCOMPARE(asked, QStringLiteral("Are you sure you want to overwrite current coiler settings?"));
+        QVERIFY(yesIsTheDefault);
+        QCOMPARE(yes.text, QStringLiteral("Are you sure you want to overwrite current coiler settings?"));
         QCOMPARE(stored(), QStringLiteral("0.92"));
     }
 
