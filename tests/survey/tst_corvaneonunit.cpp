@@ -82,7 +82,14 @@ bool TestCorvaneOnUnit::recordSection(const QString &startNode, const QString &e
     key(Ui::Key_Snapshot);
     if (!answerText(QStringLiteral("Please add a comment"), comment))
         return false;
-    QTest::qWait(1000);
+    // The picture is on the stick and the recording under way before the stop.
+    const QString section = SurveyManager::instance()->getDirectory();
+    const auto recorded = [&section] {
+        return !QDir(section).entryList({QStringLiteral("Snap*.jpg")}).isEmpty()
+            && QFileInfo(QDir(section).filePath(QStringLiteral("video.mp4"))).size() > 0;
+    };
+    if (!QTest::qWaitFor(recorded, 10000))
+        return false;
     key(Ui::Key_MediaStop);
     return answerText(QStringLiteral("Enter End Node Information (Mandatory)"), endNode)
            && answerMenu(QStringLiteral("Please enter the pipe's usage"), 2)
