@@ -134,7 +134,8 @@ void TestRecorderKit::recordingCarriesTheOverlayInPlace()
     const QVector<QImage> frames = decoded(path);
     QVERIFY(framesFillTheDuration(frames, info));
 
-    const QImage early = frames.at(0);
+    // The last frame the index held before the swap: the first overlay has long been in.
+    const QImage early = frames.at(int(beforeSwap * kFramesPerSecond) - 1);
     QVERIFY2(near(blockPixel(early), kOrange), qPrintable(describe(blockPixel(early))));
     int firstTeal = -1;
     for (int i = 0; i < frames.size() && firstTeal < 0; ++i)
