@@ -5,6 +5,7 @@
 #include "app/mainwindow.h"
 #include "core/uikeys.h"
 #include "kitscripts.h"
+#include "support/boxanswer.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
@@ -86,8 +87,6 @@ private slots:
     void pauseOutsideARecordingChangesNothing();
     void zeroCounterNeedsAHeldKey();
     void surveyFieldsRunOnInTheRightColumn();
-    void surveyFieldNamesAsTheOperatorKnowsThem_data();
-    void surveyFieldNamesAsTheOperatorKnowsThem();
     void surveyTextStaysForItsTime();
     void winCanCodeWithoutTimeoutIsNotStamped();
     void pageOverlaysOutsideOneToNineAreIgnored();
@@ -280,24 +279,6 @@ void TestVideo::surveyFieldsRunOnInTheRightColumn()
     QCOMPARE(TextScreen::textColour(9), QColor(Qt::black));
 }
 
-void TestVideo::surveyFieldNamesAsTheOperatorKnowsThem_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("shownAs");
-    QTest::newRow("site name is the file name") << "SiteName" << "FileName";
-    QTest::newRow("site number") << "SiteNum" << "Site Name/Number";
-    QTest::newRow("invert") << "Invert" << "Invert Depth";
-    QTest::newRow("known") << "Operator" << "Operator";
-    QTest::newRow("unknown as it is") << "Precleaned" << "Precleaned";
-}
-
-void TestVideo::surveyFieldNamesAsTheOperatorKnowsThem()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, shownAs);
-    QCOMPARE(Video::translateSurveyHeader(key), shownAs);
-}
-
 void TestVideo::surveyTextStaysForItsTime()
 {
     ConsoleSettings settings;
@@ -441,18 +422,13 @@ void TestVideo::escapePutsThePictureValuesBack()
 void TestVideo::shutdownMessageCoversTheScreen()
 {
     m_window->show();
-    QString shown;
     bool pictureHidden = false;
-    QTimer::singleShot(100, this, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        shown = box->text();
+    BoxAnswer seen([&](QMessageBox *box) {
         pictureHidden = m_video->camera()->isHidden();
         box->done(0);
     });
     emit m_controller->shutdownMessage();
-    QCOMPARE(shown, QStringLiteral("System Will Now Shutdown"));
+    QCOMPARE(seen.text, QStringLiteral("System Will Now Shutdown"));
     QVERIFY(pictureHidden);
 }
 
