@@ -71,6 +71,14 @@ inline double waitForRecorded(const QString &path, double seconds)
     return held >= seconds ? held : -1;
 }
 
+// One frame for every 40 ms the file says it holds, never more (no frame twice,
+// no overlap); a live recorder on a loaded machine may drop a few, never a fifth.
+inline bool framesFillTheDuration(int frames, double seconds)
+{
+    const double expected = seconds * 25;
+    return frames <= expected + 2 && frames >= expected * 0.8;
+}
+
 // Plays the file to its end and keeps every frame, scaled down by `scale`; an
 // empty list means it did not play through.
 inline QVector<QImage> decodeFrames(const QString &path, const QString &folder, int scale = 1)
