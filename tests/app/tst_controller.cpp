@@ -246,18 +246,6 @@ private slots:
         StorageBase::instance()->handle_unmount(stick);
     }
 
-    void shutdownWarnsThenRunsTheScript()
-    {
-        QSignalSpy warned(m_controller, &Controller::shutdownMessage);
-        LogCapture capture;
-        m_controller->systemShutdown();
-        QCOMPARE(warned.count(), 1);
-        QVERIFY(capture.contains("Shutdown Requested"));
-        QVERIFY(!QFile::exists(m_unit->path("/var/hbi/shutdown-requested")));
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_unit->path("/var/hbi/shutdown-requested")), 5000);
-        QVERIFY(capture.contains("Lanthorn shutting down..."));
-    }
-
     void cleanupTestCase()
     {
         delete m_window;

@@ -85,7 +85,6 @@ private slots:
     void returnToTheScreenAcknowledgesTheOpenNote();
     void recordWithinTheSavingSecondIsNotReset();
     void pauseOutsideARecordingChangesNothing();
-    void zeroCounterNeedsAHeldKey();
     void surveyFieldsRunOnInTheRightColumn();
     void surveyTextStaysForItsTime();
     void winCanCodeWithoutTimeoutIsNotStamped();
@@ -229,25 +228,6 @@ void TestVideo::pauseOutsideARecordingChangesNothing()
     QCOMPARE(scriptLog(QStringLiteral("resumeRecord.sh")).size(), resumes);
     m_video->handleVideoRecordingComplete();
     QVERIFY(!m_video->isPaused());
-}
-
-void TestVideo::zeroCounterNeedsAHeldKey()
-{
-    LogCapture log;
-    press(Ui::Key_ZeroCounter);
-    release(Ui::Key_ZeroCounter);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 0);
-
-    press(Ui::Key_ZeroCounter);
-    for (int event = 2; event <= 7; ++event)
-        press(Ui::Key_ZeroCounter, true);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 0);
-    press(Ui::Key_ZeroCounter, true);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 1);
-    // Held on, nothing more until the key is pressed anew.
-    for (int event = 0; event < 10; ++event)
-        press(Ui::Key_ZeroCounter, true);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 1);
 }
 
 void TestVideo::surveyFieldsRunOnInTheRightColumn()
