@@ -87,7 +87,7 @@ inline QVector<QImage> decodeFrames(const QString &path, const QString &folder, 
     QDir().mkpath(folder);
     const QString pipeline = QStringLiteral(
         "filesrc location=\"%1\" ! qtdemux ! h264parse ! avdec_h264 ! videoconvert ! videoscale"
-        " ! video/x-raw,width=%2,height=%3 ! pngenc ! multifilesink location=\"%4/frame%05d.png\"")
+        " ! video/x-raw,width=%2,height=%3 ! pngenc compression-level=1 ! multifilesink location=\"%4/frame%05d.png\"")
         .arg(path).arg(720 / scale).arg(576 / scale).arg(folder);
     QProcess player;
     player.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("gst-launch-1.0 -q ") + pipeline});
