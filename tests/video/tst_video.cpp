@@ -337,25 +337,28 @@ void TestVideo::pictureControlsStopShortOfTheirLimits_data()
 {
     QTest::addColumn<int>("rightPresses");
     QTest::addColumn<int>("key");
-    QTest::addColumn<int>("steps");
+    QTest::addColumn<int>("start");
     QTest::addColumn<QString>("setting");
     QTest::addColumn<int>("limit");
-    QTest::newRow("brightness up") << 0 << int(Qt::Key_Up) << 26 << "Camera/brightness" << 125;
-    QTest::newRow("brightness down") << 0 << int(Qt::Key_Down) << 28 << "Camera/brightness" << -125;
-    QTest::newRow("contrast up") << 1 << int(Qt::Key_Up) << 40 << "Camera/contrast" << 250;
-    QTest::newRow("contrast down") << 1 << int(Qt::Key_Down) << 13 << "Camera/contrast" << 5;
-    QTest::newRow("hue up, left round") << -2 << int(Qt::Key_Up) << 27 << "Camera/hue" << 125;
-    QTest::newRow("saturation down, left round") << -1 << int(Qt::Key_Down) << 16 << "Camera/saturation" << 5;
+    // Two steps from the limit: two are taken, the third is refused.
+    QTest::newRow("brightness up") << 0 << int(Qt::Key_Up) << 115 << "Camera/brightness" << 125;
+    QTest::newRow("brightness down") << 0 << int(Qt::Key_Down) << -115 << "Camera/brightness" << -125;
+    QTest::newRow("contrast up") << 1 << int(Qt::Key_Up) << 240 << "Camera/contrast" << 250;
+    QTest::newRow("contrast down") << 1 << int(Qt::Key_Down) << 15 << "Camera/contrast" << 5;
+    QTest::newRow("hue up, left round") << -2 << int(Qt::Key_Up) << 115 << "Camera/hue" << 125;
+    QTest::newRow("saturation down, left round") << -1 << int(Qt::Key_Down) << 15 << "Camera/saturation" << 5;
 }
 
 void TestVideo::pictureControlsStopShortOfTheirLimits()
 {
     QFETCH(int, rightPresses);
     QFETCH(int, key);
-    QFETCH(int, steps);
+    QFETCH(int, start);
     QFETCH(QString, setting);
     QFETCH(int, limit);
+    const int steps = 3;
     ConsoleSettings().remove(QStringLiteral("Camera"));
+    ConsoleSettings().setValue(setting, start);
 
     m_video->showCameraControl();
     QCOMPARE(m_video->indicators()->mode(), Indicators::kBrightness);
