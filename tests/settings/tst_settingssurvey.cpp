@@ -134,13 +134,14 @@ private slots:
         store("0.98");
         SettingsSurvey panel;
         press(&panel, Qt::Key_D);
-        bool yesIsTheDefault = false;
+        bool consoleBoxWithYesDefault = false;
         BoxAnswer yes([&](QMessageBox *box) {
-            yesIsTheDefault = box->defaultButton() == box->button(QMessageBox::Yes);
+            consoleBoxWithYesDefault =
+                qobject_cast<HBIMessageBox *>(box) && box->defaultButton() == box->button(QMessageBox::Yes);
             box->button(QMessageBox::Yes)->click();
         });
         panel.saveSettingsClicked();
-        QVERIFY(yesIsTheDefault);
+        QVERIFY(consoleBoxWithYesDefault);
         QCOMPARE(yes.text, QStringLiteral("Are you sure you want to overwrite current coiler settings?"));
         QCOMPARE(stored(), QStringLiteral("0.92"));
     }
