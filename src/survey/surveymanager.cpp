@@ -1,7 +1,7 @@
 #include "survey/surveymanager.h"
 
 #include "core/consolesettings.h"
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "core/unitpaths.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
@@ -9,7 +9,6 @@
 #include "survey/corvane/corvanedata.h"
 #include "survey/observationline.h"
 #include "survey/wincan/wincandata.h"
-#include "video/audio.h"
 #include "widgets/hbimessagebox.h"
 #include "widgets/p_lineedit.h"
 
@@ -258,9 +257,7 @@ void SurveyManager::waitForHeadsetDetection()
 {
     audiorecordstatus = true;
     delayflag = false;
-    audio *detector = audio::instance();
-    // The detection in flight decides the audio mode the recording starts in.
-    while (!(delayflag = detector->detectFinished()))
+    while (!(delayflag = m_headsetDetectFinished))
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
@@ -516,7 +513,7 @@ void SurveyManager::setCounter(int item, QString meterage)
     if (item == 0)
         return;
     ConsoleSettings().setValue(QStringLiteral("counter/text"), meterage);
-    emit updateCounter();
+    emit updateCounter(meterage);
 }
 
 bool SurveyManager::checkProjectSize(QString path)

@@ -97,6 +97,10 @@ public:
     void setAudioRecordStatus(bool flag) { audiorecordstatus = flag; }
 
 public slots:
+    // The headset detection in flight decides the audio mode a recording starts
+    // in, so a record attempt waits for it.
+    void headsetDetectStarted() { m_headsetDetectFinished = false; }
+    void headsetDetectFinished() { m_headsetDetectFinished = true; }
     bool checkProjectSize(QString path);
     void takeSnapshot(bool comment);
     void takeSnapshot();
@@ -108,7 +112,8 @@ public slots:
     bool stop();
 
 signals:
-    void updateCounter();
+    // The distance text just stored, for the power board's counter.
+    void updateCounter(const QString &text);
 
 private:
     SurveyManager(IVideoScreen *video, QObject *parent);
@@ -133,6 +138,7 @@ private:
     void takeSiteImage();
 
     bool delayflag = false;
+    bool m_headsetDetectFinished = true;
     bool audiorecordstatus = false;
     bool m_handlingRecord = false;
     IVideoScreen *m_video = nullptr;

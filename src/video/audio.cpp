@@ -64,6 +64,7 @@ void audio::microphone_detect()
     if (m_process || SurveyManager::instance()->audioRecordStatus())
         return;
     detect_finished = false;
+    emit detectStarted();
     m_process = new QProcess(this);
     connect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, &audio::microphone_exit);
     connect(m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {

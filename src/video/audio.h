@@ -25,6 +25,8 @@ public:
     int audioState() const { return currentAudioState; }
 
 signals:
+    // A detection is under way until finished().
+    void detectStarted();
     void finished();
     void updateAudioState(int state);
 
