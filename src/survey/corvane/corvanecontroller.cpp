@@ -3,6 +3,7 @@
 #include "core/consolesettings.h"
 #include "survey/ivideoscreen.h"
 #include "core/unitpaths.h"
+#include "core/singleton.h"
 #include "reports/corvaneexport.h"
 #include "storage/externalstorage.h"
 #include "survey/corvane/corvanequestions.h"
@@ -16,8 +17,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QTimer>
 
@@ -69,12 +68,8 @@ CorvaneController::CorvaneController(QObject *parent) : SurveyController(parent)
 
 CorvaneController *CorvaneController::instance(QObject *parent)
 {
-    static QMutex mutex;
     static CorvaneController *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new CorvaneController(parent);
-    return theInstance;
+    return Singleton<CorvaneController>::instance(theInstance, parent);
 }
 
 QString CorvaneController::projectFolderName()

@@ -8,6 +8,9 @@
 class CorvaneQuestions;
 class QTimer;
 
+template <typename T>
+class Singleton;
+
 // The ostra reporting mode: the mode key's menus, the life of a project
 // ("<site>.sur") and its sections ("section_<n>"), the questions asked at the
 // start and end of a recorded section (CorvaneQuestions), and the report triggers.
@@ -100,6 +103,7 @@ private slots:
     void endSection();
 
 private:
+    friend class Singleton<CorvaneController>;
     explicit CorvaneController(QObject *parent);
     static QString projectFolderName();
     void showSelectMenu(const QStringList &rows, const char *slot);
