@@ -7,6 +7,7 @@
 
 class CorvaneQuestions;
 class QTimer;
+class exportPDF;
 
 template <typename T>
 class Singleton;
@@ -62,6 +63,7 @@ public slots:
     void exportProject();
     void exportAsPDF();
     void finishResize(QString path);
+    void showReportProgress(QString text);
     void stop();
 
     // Menu answers.
@@ -112,6 +114,7 @@ private:
     void showNote(const QString &text, const char *slot = nullptr);
     void sendReturnToScreen();
     QString siteImageRow() const;
+    QString reportFile() const;
     QString mapRow() const;
     void showImageNote();
 
@@ -119,6 +122,8 @@ private:
     QString m_cv_path;
     QStringList m_cv_projects;
     QString inputReportPath;
+    // The report being made; the converter's end deletes it.
+    exportPDF *PDF = nullptr;
     // Closes the "Please begin the survey" note unless the section ended first.
     QTimer *m_timer = nullptr;
     bool mOstraInstruction = false;
