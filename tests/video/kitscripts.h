@@ -3,6 +3,7 @@
 #include "support/testunit.h"
 
 #include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
@@ -63,11 +64,20 @@ inline MediaInfo discoverMedia(const QString &path)
 
 // Waits until the recording being made at `path` holds at least `seconds`, as
 // its index (rewritten every second of video) says; returns what it holds then,
-// or -1. The video's own time, not the clock's: a loaded machine only takes longer.
-inline double waitForRecorded(const QString &path, double seconds)
+// or -1 when the recorder ended or 20 s went by. The video's own time, not the
+// clock's: a loaded machine only takes longer.
+inline double waitForRecorded(const TestUnit &unit, const QString &path, double seconds)
 {
+    const auto recorderEnded = [&unit] {
+        QFile state(unit.path(QStringLiteral("/run/unitkit/videorecorder.state")));
+        const QByteArray now = state.open(QIODevice::ReadOnly) ? state.readAll().trimmed() : QByteArray();
+        return now == "failed" || now == "stopped";
+    };
     double held = -1;
-    QTest::qWaitFor([&] { return (held = discoverMedia(path).seconds) >= seconds; }, 40000);
+    QTest::qWaitFor([&] { return (held = discoverMedia(path).seconds) >= seconds || recorderEnded(); }, 20000);
+    if (held < seconds)
+        qWarning().noquote() << "recorded" << held << "s of" << seconds << "s;"
+                             << kitLogOf(unit, QStringLiteral("videorecorder")).join(QLatin1String(" | "));
     return held >= seconds ? held : -1;
 }
 

@@ -114,12 +114,12 @@ void TestRecorderKit::recordingCarriesTheOverlayInPlace()
     placeOverlay(kOrange);
     startRecording(path);
     // Everything the index holds before the swap was recorded before it.
-    const double beforeSwap = waitForRecorded(path, 1.0);
+    const double beforeSwap = waitForRecorded(m_unit, path, 1.0);
     QVERIFY(beforeSwap > 0);
     placeOverlay(kTeal);
     // The index lags the recording by up to a second; two more seconds of video
     // leave the new overlay (in within 0.3 s) well inside the file.
-    const double recorded = waitForRecorded(path, beforeSwap + 2.0);
+    const double recorded = waitForRecorded(m_unit, path, beforeSwap + 2.0);
     QVERIFY(recorded > 0);
 
     QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh")), 0);
@@ -167,14 +167,14 @@ void TestRecorderKit::pauseLeavesOneFileWithoutThePausedTime()
     QCOMPARE(runKitScript(m_unit, QStringLiteral("videoRecord.sh"), {second}), 1);
     QVERIFY(!QFile::exists(second));
 
-    QVERIFY(waitForRecorded(path, 1.0) > 0);
+    QVERIFY(waitForRecorded(m_unit, path, 1.0) > 0);
     QCOMPARE(runKitScript(m_unit, QStringLiteral("pauseRecord.sh")), 0);
     // The length of the pause, not a wait for anything: were the paused time kept
     // in the time stamps, the file would say it holds a second more than its frames.
     QTest::qWait(1000);
     QCOMPARE(runKitScript(m_unit, QStringLiteral("resumeRecord.sh")), 0);
     const double resumedAt = discoverMedia(path).seconds;
-    const double recorded = waitForRecorded(path, resumedAt + 1.0);
+    const double recorded = waitForRecorded(m_unit, path, resumedAt + 1.0);
     QVERIFY(recorded > 0);
     QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh")), 0);
 
@@ -195,7 +195,7 @@ void TestRecorderKit::killedRecorderLeavesAPlayableFile()
     const QString path = recordingPath(QStringLiteral("killed.mp4"));
     placeOverlay(kOrange);
     startRecording(path);
-    const double indexed = waitForRecorded(path, 2.0);
+    const double indexed = waitForRecorded(m_unit, path, 2.0);
     QVERIFY(indexed > 0);
     QCOMPARE(::kill(pid_t(recorderPid()), SIGKILL), 0);
 

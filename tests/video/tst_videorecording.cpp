@@ -72,14 +72,14 @@ void TestVideoRecording::recordingCarriesTheSurveyText()
 
     // Each stretch lasts two seconds of the video's own time beyond what the
     // index (a second behind at most) held when it began.
-    QVERIFY(waitForRecorded(path, 1.0) > 0);
+    QVERIFY(waitForRecorded(m_unit, path, 1.0) > 0);
     m_video->createNewSurveyText();
     QTRY_COMPARE(m_video->overlayWidget()->capturesPending(), 0);
     const QImage header(m_unit.path(QStringLiteral("/dev/shm/overlay.png")));
-    QVERIFY(waitForRecorded(path, discoverMedia(path).seconds + 2.0) > 0);
+    QVERIFY(waitForRecorded(m_unit, path, discoverMedia(path).seconds + 2.0) > 0);
     m_video->clearHeader();
     QTRY_COMPARE(m_video->overlayWidget()->capturesPending(), 0);
-    const double recorded = waitForRecorded(path, discoverMedia(path).seconds + 2.0);
+    const double recorded = waitForRecorded(m_unit, path, discoverMedia(path).seconds + 2.0);
     QVERIFY(recorded > 0);
 
     m_video->stop();
