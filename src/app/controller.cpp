@@ -13,6 +13,7 @@
 #include "instrument/clockcontrol.h"
 #include "instrument/microcontroller.h"
 #include "storage/externalstorage.h"
+#include "storage/reportmanager.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
 #include "video/audio.h"
@@ -317,7 +318,11 @@ bool Controller::configureScreen(int n)
             qInfo() << "Can't show report while recording!";
             return false;
         }
-        logServiceAbsent("Report manager");
+        if (IReportScreen *screen = m_window->reportScreen()) {
+            // Each visit starts afresh at the device list.
+            delete m_reportManager;
+            m_reportManager = new ReportManager(screen, this);
+        }
         break;
     case kScreenHelp: {
         ConsoleSettings settings;
@@ -359,13 +364,14 @@ void Controller::setSettingsScreen(int tab)
 
 void Controller::reportUp()
 {
-    logServiceAbsent("Report manager");
+    if (m_reportManager)
+        m_reportManager->hierarchyUp();
 }
 
 void Controller::reportDown(int row)
 {
-    Q_UNUSED(row)
-    logServiceAbsent("Report manager");
+    if (m_reportManager)
+        m_reportManager->hierarchyDown(row);
 }
 
 // ---- Power board -------------------------------------------------------------

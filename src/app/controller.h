@@ -15,6 +15,7 @@ class QProcess;
 class QSettings;
 class QShortcut;
 class QTimer;
+class ReportManager;
 
 // The process-wide centre: owns the instrument link and long-lived services,
 // walks start-up, holds the stack of screens and its rules, forwards power-board
@@ -178,6 +179,7 @@ private:
     QString m_settingsFilename;
     int m_backlight = 0;
     QStack<int> m_screenStack;
+    ReportManager *m_reportManager = nullptr;
     ClockControl *m_clock = nullptr;
     Microcontroller *m_micro = nullptr;
     bool m_lid_shut = false;

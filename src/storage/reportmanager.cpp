@@ -76,7 +76,9 @@ void ReportManager::hierarchyDown(int row)
 
 bool ReportManager::isExportRow(int row) const
 {
-    Lister *current = lister(m_report_ui->level());
+    if (m_report_ui->level() != 2)
+        return false;
+    Lister *current = lister(2);
     return current && FolderScan::isExportFile(current->nameAt(row));
 }
 
