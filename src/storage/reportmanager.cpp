@@ -106,6 +106,7 @@ void ReportManager::showDevices()
     m_report_ui->setPath(tr("Devices:"), QString());
     connect(devices, &Lister::has_updated, this, &ReportManager::update, Qt::QueuedConnection);
     devices->triggerUpdate();
+    update();
 }
 
 // Builds the lister of a level on the way down; false when the row above has no
