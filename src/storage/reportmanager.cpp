@@ -14,8 +14,9 @@
 #include <QFileInfo>
 #include <QProcess>
 
+const QString ReportManager::kRefreshing = QStringLiteral("Refreshing...");
+
 namespace {
-const QString kRefreshing = QStringLiteral("Refreshing...");
 const QString kWinCanWeb = QStringLiteral("WinCan Web");
 // Surveys lie under this folder at the root of every device.
 const QString kSurveyFolder = QStringLiteral("/corvane");

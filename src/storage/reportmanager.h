@@ -20,6 +20,8 @@ public:
     enum CopyResult { kCopyStarted = 0, kCopyNoSpace = -1, kCopyTooLarge = -2 };
     // Waited for each of the size scripts.
     static constexpr int kScriptTimeoutMs = 30000;
+    // The one row shown while a level is still being read.
+    static const QString kRefreshing;
 
     ReportManager(IReportScreen *screen, QObject *parent = nullptr);
     ~ReportManager() override;

@@ -1,6 +1,7 @@
 #include "app/browser/folderpage.h"
 
 #include "app/controller.h"
+#include "storage/reportmanager.h"
 
 #include <QDebug>
 
@@ -23,6 +24,9 @@ QString FolderPage::selectedPath() const
 
 bool FolderPage::handleKey(int key)
 {
+    // Nothing is chosen until the level has been read.
+    if (currentText() == ReportManager::kRefreshing && key != Qt::Key_Left && key != Qt::Key_Escape)
+        return true;
     switch (key) {
     case Qt::Key_Left:
     case Qt::Key_Escape:

@@ -25,7 +25,6 @@
 
 namespace {
 const QString kLogo = QStringLiteral(":/graphics/logo_corvane_small.png");
-const QString kRefreshing = QStringLiteral("Refreshing...");
 } // namespace
 
 Report::Report(QWidget *parent) : PipeScreen(parent)
@@ -66,7 +65,7 @@ Report::Report(QWidget *parent) : PipeScreen(parent)
     m_blinkTimer = new QTimer(this);
     m_blinkTimer->setInterval(kBlinkMs);
     connect(m_blinkTimer, &QTimer::timeout, this, [this]() {
-        const bool reading = m_list == QStringList{kRefreshing};
+        const bool reading = m_list == QStringList{ReportManager::kRefreshing};
         m_blink->setVisible(reading && !m_blink->isVisible());
     });
     showLevelHint();

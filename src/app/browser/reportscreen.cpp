@@ -72,7 +72,11 @@ QString ReportScreen::rowPath(int row) const
 
 void ReportScreen::rowChanged(int row)
 {
+    // The list is refilled as rows arrive; only a move to another file counts.
     const QString path = rowPath(row);
+    if (path == m_rowPath)
+        return;
+    m_rowPath = path;
     const QString suffix = suffixOf(path);
     if (suffix == kSnapshot)
         showSnapshot(path);
@@ -184,6 +188,7 @@ void ReportScreen::showEvent(QShowEvent *event)
     ReportPage::showEvent(event);
     m_picture->clear();
     m_snapshot.clear();
+    m_rowPath.clear();
 }
 
 void ReportScreen::hideEvent(QHideEvent *event)

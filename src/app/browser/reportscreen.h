@@ -52,6 +52,7 @@ private:
     QLabel *m_picture = nullptr;
     QString m_video;
     QString m_snapshot;
+    QString m_rowPath;
     QStringList m_snapshots;
     QPointer<QWidget> m_window;
 };
