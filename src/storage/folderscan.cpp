@@ -1,18 +1,34 @@
 #include "storage/folderscan.h"
 
+#include <QDateTime>
+#include <QDirIterator>
+
+#include <algorithm>
+
 namespace FolderScan {
 
-QVector<ListerItem> entries(const QString &folder, QDir::Filters kinds, QDir::SortFlags order,
-                            const QStringList &nameFilters)
+QVector<ListerItem> entries(const QString &folder, Kind kind, Order order, const QStringList &nameFilters)
 {
+    struct Entry {
+        QString name;
+        qint64 modified;
+    };
+    QVector<Entry> found;
+    // Each entry is looked at once; sorting a directory listing by time through
+    // QDir asks the file system again on every comparison.
+    QDirIterator it(folder, nameFilters, (kind == kFolders ? QDir::Dirs : QDir::Files) | QDir::NoDotAndDotDot);
+    while (it.hasNext()) {
+        it.next();
+        const QFileInfo info = it.fileInfo();
+        found.append({info.fileName(), order == kNewestFirst ? info.lastModified().toMSecsSinceEpoch() : 0});
+    }
+    std::sort(found.begin(), found.end(), [](const Entry &a, const Entry &b) {
+        return a.modified != b.modified ? a.modified > b.modified : a.name < b.name;
+    });
     QVector<ListerItem> items;
-    QDir dir(folder);
-    if (!dir.exists())
-        return items;
-    const QFileInfoList found = dir.entryInfoList(nameFilters, kinds | QDir::NoDotAndDotDot, order);
     items.reserve(found.size());
-    for (const QFileInfo &info : found)
-        items.append({info.fileName(), folder + QLatin1Char('/') + info.fileName()});
+    for (const Entry &entry : found)
+        items.append({entry.name, folder + QLatin1Char('/') + entry.name});
     return items;
 }
 

@@ -85,8 +85,10 @@ void Lister::startScan(Scan scan)
     m_watcher.setFuture(m_task);
     QtConcurrent::run([promise, scan]() mutable {
         const QVector<ListerItem> items = scan();
-        for (int i = 0; i < items.size() && !promise.isCanceled(); ++i)
-            promise.reportResult(items.at(i), i);
+        // Rows go over in batches: one event per row would keep the main thread
+        // busy with hundreds of list refills on a big stick.
+        for (int begin = 0; begin < items.size() && !promise.isCanceled(); begin += kBatchRows)
+            promise.reportResults(items.mid(begin, kBatchRows), begin);
         promise.reportFinished();
     });
 }

@@ -18,6 +18,8 @@ class Lister : public QObject
 public:
     // What pathAt() gives for a row that has no path behind it.
     static const QString kNoPath;
+    // Rows handed to the main thread at a time.
+    static constexpr int kBatchRows = 100;
 
     explicit Lister(QObject *parent = nullptr);
     ~Lister() override;

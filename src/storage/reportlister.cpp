@@ -4,7 +4,7 @@
 
 ReportLister::ReportLister(const QString &path, QObject *parent) : Lister(parent)
 {
-    startScan([path]() { return FolderScan::entries(path, QDir::Files, QDir::Name); });
+    startScan([path]() { return FolderScan::entries(path, FolderScan::kFiles, FolderScan::kByName); });
 }
 
 void ReportLister::addItem(const ListerItem &item)

@@ -4,5 +4,5 @@
 
 SiteLister::SiteLister(const QString &path, QObject *parent) : Lister(parent)
 {
-    startScan([path]() { return FolderScan::entries(path, QDir::Dirs, QDir::Time); });
+    startScan([path]() { return FolderScan::entries(path, FolderScan::kFolders, FolderScan::kNewestFirst); });
 }

@@ -5,8 +5,8 @@
 SurveyLister::SurveyLister(const QString &path, QObject *parent) : Lister(parent)
 {
     startScan([path]() {
-        QVector<ListerItem> items = FolderScan::entries(path, QDir::Dirs, QDir::Time);
-        items += FolderScan::entries(path, QDir::Files, QDir::Time,
+        QVector<ListerItem> items = FolderScan::entries(path, FolderScan::kFolders, FolderScan::kNewestFirst);
+        items += FolderScan::entries(path, FolderScan::kFiles, FolderScan::kNewestFirst,
                                      {QStringLiteral("*.xml"), QStringLiteral("*.txt")});
         return items;
     });
