@@ -73,7 +73,7 @@ class TestMediaBrowser : public QObject
     Controller *m_controller = nullptr;
     KeypadOperator *m_keys = nullptr;
     Report *m_report = nullptr;
-    const QString m_site = QStringLiteral("Mill \"Lane\" $(touch pwned) it's.sur");
+    const QString m_site = QStringLiteral("Mill \"Lane\" $(touch pwned) it's 100%41 #2.sur");
 
     bool unitStorage(const QString &action, const QString &device)
     {
