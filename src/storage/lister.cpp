@@ -16,12 +16,12 @@ Lister::Lister(QObject *parent) : QObject(parent)
     connect(&m_watcher, &QFutureWatcher<ListerItem>::finished, this, &Lister::finished);
 }
 
+// A scan still reading a slow stick is not waited for: it holds nothing of this
+// object's, and a cancelled one stops handing over rows.
 Lister::~Lister()
 {
-    // The scan holds nothing of ours, but its results must not arrive at a dead object.
     m_watcher.disconnect(this);
     m_task.cancel();
-    m_task.waitForFinished();
 }
 
 QStringList Lister::list() const { return m_list; }

@@ -193,6 +193,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(section->player()->is_playing(), 10000);
         QTRY_VERIFY_WITH_TIMEOUT(section->player()->mediaPlayer()->position() > 0, 10000);
         QCOMPARE(section->indicator()->mode(), PlaybackIndicator::kPlay);
+        m_window->grab().save(TestUnit::artifactsDir("app") + "/mediabrowser_section.png");
         m_keys->key(Ui::Key_MediaPause);
         QTRY_COMPARE(section->indicator()->mode(), PlaybackIndicator::kPause);
 
@@ -247,11 +248,14 @@ private slots:
         QVERIFY(unitStorage("plug", "sd"));
         QVERIFY(openBrowser());
         QTRY_COMPARE(rows(), QStringList({"SD", "Internal Storage", "USB1"}));
+        m_window->grab().save(TestUnit::artifactsDir("app") + "/mediabrowser_devices.png");
         QVERIFY(open("USB1"));
         QVERIFY(choose(m_site));
         ModalSteps steps;
         // The first device offered is the SD card; the copy ends with its report.
-        steps.expect("CopyDialog", {Qt::Key_Return}).expect("HBIMessageBox", {Qt::Key_Return});
+        steps.expect("CopyDialog", {Qt::Key_Return},
+                     []() { QApplication::activeModalWidget()->grab().save(TestUnit::artifactsDir("app") + "/mediabrowser_copydialog.png"); })
+            .expect("HBIMessageBox", {Qt::Key_Return});
         m_keys->key(Qt::Key_C);
         QVERIFY(steps.done());
         QCOMPARE(steps.texts.size(), 1);
