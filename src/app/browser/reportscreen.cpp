@@ -46,6 +46,13 @@ ReportScreen::ReportScreen(QWidget *parent) : ReportPage(parent)
             [this](QMediaPlayer::State state) { m_indicator->setMode(PlaybackWindow::modeFor(state)); });
 }
 
+// A full-screen window still open goes with this page; it must not call back into it.
+ReportScreen::~ReportScreen()
+{
+    if (m_window)
+        m_window->disconnect(this);
+}
+
 void ReportScreen::setPath(const QString &device, const QString &path)
 {
     m_current_path = path;

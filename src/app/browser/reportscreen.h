@@ -15,6 +15,7 @@ class ReportScreen : public ReportPage
     Q_OBJECT
 public:
     explicit ReportScreen(QWidget *parent = nullptr);
+    ~ReportScreen() override;
 
     void setPath(const QString &device, const QString &path) override;
     QString keyHint() const override;
