@@ -172,6 +172,16 @@ private slots:
         delete m_window;
     }
 
+    // A failed step leaves no window or screen behind for the next one.
+    void cleanup()
+    {
+        if (QTest::currentTestFailed()) {
+            if (QWidget *left = m_report->sectionPage()->openWindow())
+                left->close();
+            m_controller->selectVideoScreen();
+        }
+    }
+
     void reportKeyOpensTheBrowserAndEscapeLeadsBack()
     {
         QVERIFY(openBrowser());
@@ -211,12 +221,18 @@ private slots:
         m_keys->key(Qt::Key_Return);
         QTRY_VERIFY(qobject_cast<PlaybackWindow *>(section->openWindow()));
         auto *playback = qobject_cast<PlaybackWindow *>(section->openWindow());
-        QTRY_VERIFY_WITH_TIMEOUT(playback->player()->mediaPlayer()->position() > 0, 10000);
+        // As an operator would, once the picture runs: a seek in the first instant
+        // of a starting pipeline can be dropped by the media framework.
+        QTRY_VERIFY_WITH_TIMEOUT(playback->player()->mediaPlayer()->position() > 500, 10000);
+        QVERIFY(playback->player()->mediaPlayer()->isSeekable());
         QTest::keyClick(playback, Qt::Key(Ui::Key_MediaPause));
         QTRY_COMPARE(playback->indicator()->mode(), PlaybackIndicator::kPause);
         // Fifteen seconds of recording: one step forward stays inside it.
         QTest::keyClick(playback, Qt::Key(Ui::Key_MediaForward));
-        QTRY_VERIFY(playback->player()->mediaPlayer()->position() >= Player::kStepMs);
+        QMediaPlayer *media = playback->player()->mediaPlayer();
+        QTRY_VERIFY2(media->position() >= Player::kStepMs,
+                     qPrintable(QStringLiteral("at %1 of %2 ms, state %3, status %4")
+                                    .arg(media->position()).arg(media->duration()).arg(media->state()).arg(media->mediaStatus())));
         QTest::keyClick(playback, Qt::Key(Ui::Key_MediaRewind));
         QTRY_VERIFY(playback->player()->mediaPlayer()->position() < Player::kStepMs / 2);
         QTest::keyClick(playback, Qt::Key(Ui::Key_MediaPlay));
