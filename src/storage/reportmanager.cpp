@@ -225,8 +225,9 @@ bool ReportManager::removeDir(const QString &path)
     return dir.rmdir(dir.absolutePath());
 }
 
+// A copy between local devices runs to its end: stopping cp halfway would leave
+// a target that looks complete and is not.
 void ReportManager::cancelcopy()
 {
-    qInfo() << "Copy cancel requested";
-    emit copyCancelled();
+    qInfo() << "A local copy cannot be cancelled; it runs to its end";
 }

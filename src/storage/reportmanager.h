@@ -47,7 +47,6 @@ public:
 signals:
     // A copy that passed the checks: source directory to its final place.
     void copySurvey(const QString &source, const QString &destination);
-    void copyCancelled();
 
 public slots:
     void update();

@@ -17,14 +17,14 @@ CopySurvey::CopySurvey(const QString &source, const QString &destination, QWidge
     : QObject(parent), m_parent(parent)
 {
     m_progress = new QProgressDialog(parent, Qt::FramelessWindowHint | Qt::Dialog);
-    m_progress->setLabelText(tr("<strong>Copy in Progress...</strong>"));
+    // Frameless: what the operator must read goes into the label, not the title.
+    m_progress->setLabelText(tr("<strong>Copy in Progress...</strong><br>Please do not remove the media"));
     m_progress->setCancelButton(nullptr);
     m_progress->setRange(0, 0);
     m_progress->setAutoClose(false);
     m_progress->setAutoReset(false);
     m_progress->setMinimumDuration(0);
     m_progress->setModal(true);
-    m_progress->setWindowTitle(tr("Please do not remove the media"));
     m_frame = new QFrame(m_progress);
     m_frame->setFrameShape(QFrame::Box);
     m_frame->setLineWidth(2);
