@@ -8,6 +8,7 @@
 #include "core/uikeys.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
+#include "survey/ivideoscreen.h"
 #include "video/playbackwindow.h"
 #include "video/player.h"
 #include "video/snapshotwindow.h"
@@ -342,6 +343,41 @@ private slots:
         QCOMPARE(page()->currentRow(), 0);
         QVERIFY(unitStorage("plug", "usb1"));
         QTRY_COMPARE(rows(), QStringList({"Internal Storage", "USB1"}));
+        leaveBrowser();
+    }
+
+    void aRecordingOfTheMainScreenPlaysBack()
+    {
+        m_controller->selectVideoScreen();
+        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        QKeyEvent record(QEvent::KeyRelease, Ui::Key_MediaRecord, Qt::NoModifier);
+        QApplication::sendEvent(m_window, &record);
+        QTRY_VERIFY(m_window->videoScreen()->isRecording());
+        // Some frames into the file before it ends: the picture runs while it grows.
+        const QString state = m_unit.path("/run/unitkit/videorecorder.state");
+        const auto recorderSays = [&](const QByteArray &word) {
+            QFile file(state);
+            return file.open(QIODevice::ReadOnly) && file.readAll().trimmed() == word;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(recorderSays("recording"), 20000);
+        QDirIterator found(m_unit.path("/media/usb1/corvane/survey.bas"), {"video.mp4"}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        QVERIFY(found.hasNext());
+        const QString video = found.next();
+        const qint64 atStart = QFileInfo(video).size();
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(video).size() > atStart + 300000, 20000);
+        m_window->stopRecord();
+        QTRY_VERIFY_WITH_TIMEOUT(recorderSays("stopped"), 20000);
+
+        QVERIFY(openBrowser());
+        QTRY_VERIFY(rows().contains("USB1"));
+        QVERIFY(open("USB1"));
+        QVERIFY(open("survey.bas"));
+        QVERIFY(open(QFileInfo(QFileInfo(video).path()).fileName()));
+        QVERIFY(choose("video.mp4"));
+        ReportScreen *section = m_report->sectionPage();
+        QTRY_VERIFY_WITH_TIMEOUT(section->player()->mediaPlayer()->position() > 0, 10000);
+        QVERIFY(section->player()->mediaPlayer()->duration() > 0);
         leaveBrowser();
     }
 
