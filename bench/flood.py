@@ -55,6 +55,7 @@ def main():
     repo = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
     parser = argparse.ArgumentParser()
     parser.add_argument("--lines", type=int, default=100000)
+    parser.add_argument("--rounds", type=int, default=1, help="send the lines this many times over")
     parser.add_argument("--build", default=os.path.join(repo, "build"))
     args = parser.parse_args()
 
@@ -101,8 +102,10 @@ def main():
         time.sleep(3)
 
         rss_before, log_before = rss_kib(console.pid), log_bytes(root)
-        fifo_lines = b"".join(b"MNT what is this\n" if i % 2 else b"rubbish %d\n" % i for i in range(args.lines))
-        board_lines = b"".join(b"NOT A BOARD LINE\n" if i % 2 else b"junk %d\n" % i for i in range(args.lines))
+        fifo_lines = b"".join(b"MNT what is this\n" if i % 2 else b"rubbish %d\n" % i
+                              for i in range(args.lines)) * args.rounds
+        board_lines = b"".join(b"NOT A BOARD LINE\n" if i % 2 else b"junk %d\n" % i
+                               for i in range(args.lines)) * args.rounds
 
         def feed_fifo():
             fd = os.open(os.path.join(root, "var/hbi/fifo"), os.O_WRONLY)
@@ -134,7 +137,8 @@ def main():
         rss_after, log_after = rss_kib(console.pid), log_bytes(root)
 
         print("key latencies (ms, including xdotool):", " ".join(f"{v:.0f}" for v in latencies))
-        print(f"{args.lines} FIFO lines and {args.lines} board lines sent in {flood_seconds:.1f} s; "
+        print(f"{args.lines * args.rounds} FIFO lines and {args.lines * args.rounds} board lines sent in "
+              f"{flood_seconds:.1f} s; "
               f"{len(latencies)} keys: median {statistics.median(latencies):.0f} ms, worst {max(latencies):.0f} ms")
         print(f"resident memory: {rss_before} KiB before, {rss_most} KiB at most, {rss_after} KiB after")
         print(f"console log grew by {log_after - log_before} bytes")
