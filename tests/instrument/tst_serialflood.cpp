@@ -64,7 +64,7 @@ private slots:
         for (int i = 0; i < kFloodLines; ++i)
             flood += i < kFloodLines / 2 ? QByteArray("NOT A BOARD LINE\n") : "junk " + QByteArray::number(i) + "\n";
         std::thread writer([&board, &flood] { writeAll(board.masterFd(), flood); });
-        QTRY_COMPARE_WITH_TIMEOUT(delegate.lines, kFloodLines, 40000);
+        QTRY_COMPARE_WITH_TIMEOUT(delegate.lines, kFloodLines, 30000);
         writer.join();
         probe.stop();
 

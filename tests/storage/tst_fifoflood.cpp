@@ -69,7 +69,7 @@ private slots:
             (void)::write(fd, chunk.constData(), size_t(chunk.size()));
             ::close(fd);
         });
-        QTRY_COMPARE_WITH_TIMEOUT(delegate.lines, kFloodLines + 1, 40000);
+        QTRY_COMPARE_WITH_TIMEOUT(delegate.lines, kFloodLines + 1, 30000);
         writer.join();
         probe.stop();
         QTRY_COMPARE(StorageBase::instance()->nameToPath(QStringLiteral("USB2")),
