@@ -444,9 +444,7 @@ void CameraController::ProcessPassStatus(CameraCommand command, const QString &d
     camOvrdStatusReceived = true;
     m_warnings->overrideReported(overideState);
     currentCommand = kStatusDoneStep;
-    // While the pass-code dialog waits for this answer the cycle stands still.
-    if (!m_warnings->isShowing())
-        UpdateCameraStatus();
+    UpdateCameraStatus();
 }
 
 // ---- State ----------------------------------------------------------------------
@@ -527,14 +525,12 @@ void CameraController::CameraStateUpdated()
 {
     timeoutTimer->stop();
     emit newState(cameraState);
-    if (warningState != lastWarning && cameraReady)
-        ShowWarnings();
-    // The next cycle waits until the operator is done with the warning.
-    if (m_warnings->isShowing()) {
-        cycleHeld = true;
-        return;
-    }
+    const bool warningChanged = warningState != lastWarning && cameraReady;
+    // Armed before the warning is raised: a box shown modally turns the event
+    // loop, and the camera must go on being watched behind it.
     startNextCycle();
+    if (warningChanged)
+        ShowWarnings();
 }
 
 void CameraController::startNextCycle()
@@ -570,10 +566,6 @@ void CameraController::ShowWarnings()
 void CameraController::warningFinished()
 {
     lastWarning = warningState;
-    if (!cycleHeld)
-        return;
-    cycleHeld = false;
-    startNextCycle();
 }
 
 void CameraController::LogCameraStatus()

@@ -256,8 +256,6 @@ private:
     volatile int newCamFlags = 0;
     CameraHealth::Limits limits;
     volatile bool requestEnable = true;
-    // The cycle waits for the operator to be done with a warning.
-    bool cycleHeld = false;
 
     int coilerID = 1023;
     bool coilerIDReceived = false;
