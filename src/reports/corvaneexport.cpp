@@ -100,7 +100,7 @@ private:
     static bool isIgnored(const QString &id)
     {
         static const QStringList ignored = {QStringLiteral("CDEF"), QStringLiteral("CLKT"), QStringLiteral("CLKF"),
-                                            QStringLiteral("QANT"), QStringLiteral("BOTH")};
+                                            QStringLiteral("QANT")};
         return ignored.contains(id);
     }
 

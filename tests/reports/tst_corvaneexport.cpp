@@ -276,6 +276,15 @@ private slots:
         QCOMPARE(observationLines(exportText(tree, ".txt")), exported);
     }
 
+    void commentWithSnapshotMarkIsLoggedAsUnknown()
+    {
+        LogCapture log;
+        ProjectTree tree;
+        tree.addSection("section_1", {}, {"0m, BOTH, , (@0)", "1m, TEXT, ok, (@0)"});
+        QCOMPARE(observationLines(exportText(tree, ".txt")), QStringList{"1, ok"});
+        QCOMPARE(log.count("Unknown ID in Observation File..."), 1);
+    }
+
     void damagedSurveyFilesStillGiveAnExport()
     {
         LogCapture log;

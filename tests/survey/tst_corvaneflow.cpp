@@ -10,6 +10,8 @@
 
 #include <QSettings>
 
+#include <utime.h>
+
 namespace {
 
 const QString kStartNodeQuestion = QStringLiteral("showTextEntry Enter Start Node Information (Mandatory)|");
@@ -61,6 +63,8 @@ private slots:
     void cleanUpAlwaysLeavesOstra();
 
     void reopenedProjectRestoresItsFields();
+    void projectsToOpenComeNewestFirst();
+    void reportKeyOffersTheReportWithoutMakingIt();
     void secondSectionAndFinalisedReport();
 
 private:
@@ -374,6 +378,36 @@ void TestCorvaneFlow::reopenedProjectRestoresItsFields()
     QCOMPARE(m_data.get(QStringLiteral("ClientRef#")), QString());
     QCOMPARE(m_data.get(QStringLiteral("ParkingRestrictions")), QString());
     QVERIFY(lastShown(m_rig.screen).startsWith(QLatin1String("showMenu Select:|Cancel|New Section|")));
+}
+
+void TestCorvaneFlow::projectsToOpenComeNewestFirst()
+{
+    for (const char *name : {"alpha.sur", "mid.sur", "zulu.sur"})
+        QVERIFY(QDir().mkpath(projectDir(QLatin1String(name))));
+    // Worked on in the order alpha, zulu, mid.
+    const QList<QPair<QString, int>> ages = {{QStringLiteral("alpha.sur"), 3000}, {QStringLiteral("zulu.sur"), 2000},
+                                             {QStringLiteral("mid.sur"), 1000}};
+    const qint64 now = QDateTime::currentSecsSinceEpoch();
+    for (const auto &age : ages) {
+        const utimbuf times{time_t(now - age.second), time_t(now - age.second)};
+        QCOMPARE(::utime(QFile::encodeName(projectDir(age.first)).constData(), &times), 0);
+    }
+    m_ostra->button_push();
+    m_ostra->menuSelected(2);
+    QCOMPARE(lastShown(m_rig.screen),
+             QStringLiteral("showMenu Select Project To Open:|Cancel|mid.sur|zulu.sur|alpha.sur"));
+}
+
+void TestCorvaneFlow::reportKeyOffersTheReportWithoutMakingIt()
+{
+    newProject(QStringLiteral("Report Key"));
+    m_rig.screen.calls.clear();
+    m_rig.manager->handleAction(SurveyManager::kActionPDF, 0);
+    QVERIFY2(lastShown(m_rig.screen)
+                 .startsWith(QLatin1String("showMenu ostra report successfully generated. Do you wish to transfer "
+                                           "the report to the ostra app?|Yes|No")),
+             qPrintable(m_rig.screen.calls.join(QLatin1Char('\n'))));
+    QVERIFY(!QFile::exists(projectDir(QStringLiteral("report_key.sur")) + QStringLiteral("report_key.txt")));
 }
 
 void TestCorvaneFlow::secondSectionAndFinalisedReport()

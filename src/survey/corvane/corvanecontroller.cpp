@@ -7,6 +7,7 @@
 #include "reports/corvaneexport.h"
 #include "reports/exportpdf.h"
 #include "storage/externalstorage.h"
+#include "storage/folderscan.h"
 #include "survey/corvane/corvanequestions.h"
 #include "survey/corvane/corvanesurveyfiles.h"
 #include "survey/surveymanager.h"
@@ -270,12 +271,13 @@ void CorvaneController::cvStopped()
 void CorvaneController::handleOpenProject()
 {
     m_cv_path = ExternalStorage::instance()->getSaveToPath();
-    const QStringList folders =
-        QDir(SurveyPaths::surveyRoot(m_cv_path)).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    // The media browser's order for sites: the project worked on last comes first.
+    const QVector<ListerItem> folders =
+        FolderScan::entries(SurveyPaths::surveyRoot(m_cv_path), FolderScan::kFolders, FolderScan::kNewestFirst);
     m_cv_projects.clear();
-    for (const QString &folder : folders) {
-        if (folder.endsWith(kProjectSuffix))
-            m_cv_projects << folder;
+    for (const ListerItem &folder : folders) {
+        if (folder.name.endsWith(kProjectSuffix))
+            m_cv_projects << folder.name;
     }
     showMenu(tr("Select Project To Open:"), QStringList{tr("Cancel")} + m_cv_projects, SLOT(openCVProject(int)));
 }
@@ -527,7 +529,7 @@ void CorvaneController::finishResize(QString path)
     inputReportPath = path;
     emit resizeFinished();
     if (QFile::exists(reportFile()))
-        exportAsPDF();
+        offerReportTransfer();
     else
         showNote(tr("The ostra report could not be generated"), SLOT(openOstraMenu(int)));
 }
@@ -540,11 +542,11 @@ QString CorvaneController::reportFile() const
 void CorvaneController::exportAsPDF()
 {
     runClearCache();
-    if (!QFile::exists(reportFile())) {
-        // Nothing made yet in this session: make it, and offer it when it is ready.
-        exportProject();
-        return;
-    }
+    offerReportTransfer();
+}
+
+void CorvaneController::offerReportTransfer()
+{
     showMenu(tr("ostra report successfully generated. Do you wish to transfer the report to the ostra app?"),
              {tr("Yes"), tr("No")}, SLOT(menuReportTransfer(int)));
     ExternalStorage::instance()->update();

@@ -61,6 +61,7 @@ public slots:
     void saveSectionDatabase();
     void updateEndNode(QString text);
     void exportProject();
+    // The report key: clears the report cache and offers the report to the ostra app.
     void exportAsPDF();
     void finishResize(QString path);
     void showReportProgress(QString text);
@@ -115,6 +116,7 @@ private:
     void sendReturnToScreen();
     QString siteImageRow() const;
     QString reportFile() const;
+    void offerReportTransfer();
     QString mapRow() const;
     void showImageNote();
 
