@@ -1,5 +1,7 @@
 #include "storage/externalstorage.h"
 
+#include "core/boundedscript.h"
+
 #include "core/backgroundprocess.h"
 #include "core/singleton.h"
 #include "core/unitpaths.h"
@@ -26,7 +28,6 @@ QString storageInfoScript()
 {
     return unitPath(QStringLiteral("/opt/hbi/bin/get_storage_info.sh"));
 }
-constexpr int kScriptStartMs = 1000;
 // Lets a burst of FIFO lines settle before the free space is measured.
 constexpr int kUpdateDelayMs = 10;
 
@@ -238,14 +239,10 @@ void ExternalStorage::update()
 
 bool ExternalStorage::measureMinutesLeft(const QString &path, int *minutes) const
 {
-    QProcess script;
-    script.start(QStringLiteral("/bin/sh"), {storageInfoScript(), path});
-    if (!script.waitForStarted(kScriptStartMs)) {
-        qWarning() << "Storage info script failed to start:" << script.errorString();
+    QByteArray printed;
+    if (!BoundedScript::run(storageInfoScript(), {path}, &printed))
         return false;
-    }
-    script.waitForFinished(-1);
-    *minutes = minutesFromPrinted(script.readAllStandardOutput(), path);
+    *minutes = minutesFromPrinted(printed, path);
     return true;
 }
 

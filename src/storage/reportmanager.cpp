@@ -1,5 +1,7 @@
 #include "storage/reportmanager.h"
 
+#include "core/boundedscript.h"
+
 #include "core/unitpaths.h"
 #include "storage/devicelister.h"
 #include "storage/folderscan.h"
@@ -12,7 +14,6 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
-#include <QProcess>
 
 const QString ReportManager::kRefreshing = QStringLiteral("Refreshing...");
 
@@ -173,16 +174,11 @@ void ReportManager::update()
 
 qint64 ReportManager::kilobytesFrom(const QString &script, const QString &path)
 {
-    QProcess process;
-    process.start(QStringLiteral("/bin/sh"), {unitScriptPath(script), path});
-    if (!process.waitForFinished(kScriptTimeoutMs)) {
-        qWarning() << script << "gave no answer for" << path;
-        process.kill();
-        process.waitForFinished();
+    QByteArray printed;
+    if (!BoundedScript::run(unitScriptPath(script), {path}, &printed))
         return -1;
-    }
     bool ok = false;
-    const qint64 kilobytes = process.readAllStandardOutput().trimmed().toLongLong(&ok);
+    const qint64 kilobytes = printed.trimmed().toLongLong(&ok);
     return ok ? kilobytes : -1;
 }
 

@@ -18,8 +18,6 @@ public:
     // Kilobytes; the largest directory a copy may take.
     static constexpr qint64 kCopyLimitKB = 4194304;
     enum CopyResult { kCopyStarted = 0, kCopyNoSpace = -1, kCopyTooLarge = -2 };
-    // Waited for each of the size scripts.
-    static constexpr int kScriptTimeoutMs = 30000;
     // The one row shown while a level is still being read.
     static const QString kRefreshing;
 

@@ -5,6 +5,7 @@
 #include "core/unitpaths.h"
 #include "core/singleton.h"
 #include "instrument/camerawarnings.h"
+#include "core/boundedscript.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
 #include "survey/corvane/corvanecontroller.h"
@@ -35,7 +36,6 @@ QString projectSizeScript()
 }
 const QString kDropCacheScript = QStringLiteral("drop_cache.sh");
 const QString kSiteImageName = QStringLiteral("ReportSite.png");
-constexpr int kScriptStartMs = 1000;
 
 bool imperialUnits()
 {
@@ -520,17 +520,10 @@ bool SurveyManager::checkProjectSize(QString path)
 
 bool SurveyManager::largeProjectCheck()
 {
-    QProcess script;
-    script.start(QStringLiteral("/bin/sh"), {projectSizeScript(), currentProject});
-    if (!script.waitForStarted(kScriptStartMs)) {
-        qWarning() << "Project size script failed to start";
+    QByteArray printed;
+    if (!BoundedScript::run(projectSizeScript(), {currentProject}, &printed))
         return false;
-    }
-    if (!script.waitForFinished(-1)) {
-        qWarning() << "Project size script did not finish";
-        return false;
-    }
-    const QString output = QString::fromLocal8Bit(script.readAllStandardOutput()).trimmed();
+    const QString output = QString::fromLocal8Bit(printed).trimmed();
     bool parsed = false;
     const qint64 size = output.toLongLong(&parsed);
     if (!parsed)

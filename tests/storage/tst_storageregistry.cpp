@@ -1,5 +1,6 @@
 #include "storage/externalstorage.h"
 #include "storage/externalstoragedelegate.h"
+#include "support/logcapture.h"
 #include "support/testunit.h"
 
 #include <QSignalSpy>
@@ -199,6 +200,22 @@ private slots:
         const QList<QByteArray> runs = file.readAll().trimmed().split('\n');
         QCOMPARE(runs, (QList<QByteArray>{m_unit.path("/media/usb1").toUtf8(), m_unit.path("/media/internal").toUtf8(),
                                           m_unit.path("/media/usb1").toUtf8()}));
+    }
+
+    // A stick that stops answering must not hold the screen: the last estimate stays.
+    void freeSpaceScriptThatHangsKeepsTheLastEstimate()
+    {
+        QVERIFY(m_unit.writeFile("/opt/hbi/bin/get_storage_info.sh", "#!/bin/sh\necho 44000\n"));
+        tell({"MNT USB1 " + m_unit.path("/media/usb1")});
+        m_ext->update();
+        QCOMPARE(m_ext->getMinsRemaining(), 2);
+        QVERIFY(m_unit.writeFile("/opt/hbi/bin/get_storage_info.sh", "#!/bin/sh\nexec sleep 30\n"));
+        LogCapture log;
+        QSignalSpy told(m_ext, &ExternalStorage::disk_time_updated);
+        m_ext->update();
+        QCOMPARE(m_ext->getMinsRemaining(), 2);
+        QVERIFY(told.isEmpty());
+        QVERIFY2(log.contains("gave no answer"), qPrintable(log.messages().join('\n')));
     }
 
     void noStorageMeansNoMinutes()

@@ -40,6 +40,7 @@ private slots:
 
     void projectSizeLimit_data();
     void projectSizeLimit();
+    void projectSizeScriptThatHangsCountsAsFull();
 
     void keyActions_data();
     void keyActions();
@@ -324,6 +325,20 @@ void TestSurveyManager::projectSizeLimit()
                                         "project if more sections are required.");
     QCOMPARE(m_rig.screen.calls.contains(note), !fits);
     QDir(project).removeRecursively();
+}
+
+void TestSurveyManager::projectSizeScriptThatHangsCountsAsFull()
+{
+    const QString script = QStringLiteral("/opt/hbi/bin/get_project_size.sh");
+    const QString original = TestUnit::sourceDir() + QStringLiteral("/unit/root") + script;
+    // As on a stick that stopped answering: the script never comes back by itself.
+    QVERIFY(m_rig.unit.writeFile(script, "#!/bin/sh\nexec sleep 30\n"));
+    LogCapture log;
+    const bool fits = m_rig.manager->checkProjectSize(m_rig.device + QStringLiteral("/corvane/site.sur"));
+    QFile::remove(m_rig.unit.path(script));
+    QVERIFY(QFile::copy(original, m_rig.unit.path(script)));
+    QVERIFY(!fits);
+    QVERIFY2(log.contains(QStringLiteral("gave no answer")), qPrintable(log.messages().join('\n')));
 }
 
 void TestSurveyManager::keyActions_data()
