@@ -27,7 +27,7 @@ constexpr guint kStopTimeoutSeconds = 5;
 constexpr const char *kPipeline =
     "videotestsrc is-live=true pattern=smpte horizontal-speed=2"
     " ! video/x-raw,width=720,height=576,framerate=25/1 ! queue max-size-buffers=4 ! mix.sink_0 "
-    "appsrc name=overlay is-live=true format=time do-timestamp=true max-buffers=2 leaky-type=downstream"
+    "appsrc name=overlay is-live=true format=time max-buffers=2 leaky-type=downstream"
     " caps=video/x-raw,format=BGRA,width=720,height=576,framerate=25/1,interlace-mode=progressive,pixel-aspect-ratio=1/1"
     " ! queue max-size-buffers=2 ! mix.sink_1 "
     // Blending happens in the output format: it must keep the overlay's alpha.
@@ -201,6 +201,12 @@ GstPadProbeReturn Recorder::retime(GstPadProbeInfo *info)
         return GST_PAD_PROBE_DROP;
     GstBuffer *buffer = GST_PAD_PROBE_INFO_BUFFER(info);
     const GstClockTime pts = GST_BUFFER_PTS(buffer);
+    // The muxer refuses a frame without a time and ends the file with it.
+    if (!GST_CLOCK_TIME_IS_VALID(pts)) {
+        if (!m_untimedFrameLogged.exchange(true))
+            unitLog("a frame without a time stamp was dropped before the encoder");
+        return GST_PAD_PROBE_DROP;
+    }
     bool first = false;
     GstClockTime shift = 0;
     {

@@ -79,4 +79,5 @@ private:
     GstClockTime m_pausedTotal = 0;
     bool m_firstFrameSeen = false;
     std::atomic<bool> m_stopping{false};
+    std::atomic<bool> m_untimedFrameLogged{false};
 };
