@@ -33,6 +33,8 @@ if recorder_wait_state "$pid" recording 100; then
     unitkit_log "recording $out ($pid)"
     exit 0
 fi
-# The recorder's own last word says why.
-cause=$(grep -F "$RECORDER_NAME[$pid]: " "$UNITKIT_LOG" 2>/dev/null | sed 's/^[^]]*]: //' | grep -v "ended with a fault" | tail -n 1)
+# The recorder's own words say why: its first error, else its last line.
+said=$(grep -F "$RECORDER_NAME[$pid]: " "$UNITKIT_LOG" 2>/dev/null | sed 's/^[^]]*]: //' | grep -v "ended with a fault" || true)
+cause=$(printf '%s\n' "$said" | grep '^error from' | head -n 1)
+[ -n "$cause" ] || cause=$(printf '%s\n' "$said" | tail -n 1)
 fail "recorder $pid did not start recording $out (state: $(recorder_state))${cause:+: $cause}"
