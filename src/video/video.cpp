@@ -493,6 +493,7 @@ void Video::closePictureControls(bool keepValues)
 
 void Video::saveJpeg(QString path, bool comment)
 {
+    qInfo().noquote() << "Snapshot" << path;
     ui->video_widget->takeImage(path);
     m_snapshot_comment = comment;
     survey()->appendObservation(0, getCounter(), QStringLiteral("JPEG"), QFileInfo(path).fileName());
