@@ -6,6 +6,7 @@
 #include "reports/corvaneexport.h"
 #include "survey/surveydata.h"
 #include "video/camera.h"
+#include "video/capture/videolibrary.h"
 #include "video/cameradetector.h"
 #include "video/overlay.h"
 #include "video/operatorcomments.h"
@@ -56,6 +57,7 @@ Video::Video(QWidget *parent)
     , m_dialogs(new SurveyDialogHost(this))
     , m_comments(new OperatorComments(this, this))
     , m_keys(new VideoKeys(this))
+    , video_widget(new VideoLibrary(this))
 {
     setObjectName(QStringLiteral("videoScreen"));
     setFocusPolicy(Qt::StrongFocus);
@@ -85,6 +87,7 @@ Video::Video(QWidget *parent)
     connect(ui->video_widget, &Camera::videoRecordingComplete, this, &Video::handleVideoRecordingComplete);
     connect(ui->video_widget, &Camera::runningVideoRestart, ui->indicators, &Indicators::restartVideo);
 
+    connect(video_widget, &VideoLibrary::videoCaptureError, this, &Video::displayVideoCaptureError);
     connect(m_recording, &RecordingControl::indicatorChanged, this, &Video::setCameraIndicator);
     connect(m_recording, &RecordingControl::saved, this, &Video::handleVideoRecordingComplete);
     connect(m_recording, &RecordingControl::recordFailed, this, &Video::handleRecordFailed);

@@ -24,6 +24,7 @@ class RecordingControl;
 class SurveyDialogHost;
 class VideoScripts;
 class VideoTools;
+class VideoLibrary;
 class overlay;
 class statusOverlay;
 
@@ -218,6 +219,8 @@ private:
     SurveyDialogHost *m_dialogs;
     OperatorComments *m_comments;
     VideoKeys *m_keys;
+    // The in-process capture layer: built at start, its start slots unused on the unit.
+    VideoLibrary *video_widget;
     PageOverlays *m_pages;
     TimedTextScreens *m_textScreens;
     CameraDetector *m_cameraDetector;
