@@ -1,6 +1,6 @@
 #include "video/operatorcomments.h"
 
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
 #include "widgets/textentrydialog.h"
 

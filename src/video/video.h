@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/ivideoscreen.h"
-#include "app/pipescreen.h"
+#include "survey/ivideoscreen.h"
+#include "widgets/pipescreen.h"
 
 #include <QImage>
 #include <QKeyEvent>

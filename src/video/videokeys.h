@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/keyhold.h"
+#include "widgets/keyhold.h"
 
 class QKeyEvent;
 class Video;
