@@ -13,6 +13,8 @@
 #include "video/pageoverlays.h"
 #include "video/picturecontrols.h"
 #include "video/recordingcontrol.h"
+#include "video/screenclock.h"
+#include "video/shutdownnotice.h"
 #include "video/statusoverlay.h"
 #include "video/surveydialoghost.h"
 #include "video/timedtextscreens.h"
@@ -27,9 +29,7 @@
 #include <QDebug>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMessageBox>
 #include <QProcess>
-#include <QPushButton>
 #include <QTimer>
 
 namespace {
@@ -47,7 +47,6 @@ Video::Video(QWidget *parent)
     : PipeScreen(parent)
     , ui(new Ui::Video)
     , m_display(new QTimer(this))
-    , m_clock(new QTimer(this))
     , m_snapshot_symbol_timer(new QTimer(this))
     , default_logo(QStringLiteral(":/graphics/logo_corvane_small.png"))
     , m_scripts(new VideoScripts(this))
@@ -92,12 +91,11 @@ Video::Video(QWidget *parent)
     connect(m_recording, &RecordingControl::saved, this, &Video::handleVideoRecordingComplete);
     connect(m_recording, &RecordingControl::recordFailed, this, &Video::handleRecordFailed);
     connect(m_display, &QTimer::timeout, this, &Video::updateOverlays);
-    connect(m_clock, &QTimer::timeout, this, &Video::showTime);
     m_display->start(kOverlayRefreshMs);
-    m_clock->start(kClockRefreshMs);
 
     setCameraIndicator(Indicators::Missing);
     m_pictureControls->applyStored();
+    m_screenClock = new ScreenClock(ui->label_time, ui->label_date, this);
     showTime();
 }
 
@@ -320,16 +318,8 @@ void Video::displayJpegError(int key, QString message)
 void Video::displayShutdownMessage()
 {
     ui->video_widget->hide();
-    if (!shutdownbox) {
-        shutdownbox = new QMessageBox(this);
-        shutdownbox->setIcon(QMessageBox::Information);
-        shutdownbox->setText(tr("System Will Now Shutdown"));
-        QPushButton *button = shutdownbox->addButton(tr("Press Return to continue"), QMessageBox::ActionRole);
-        button->hide();
-        shutdownbox->setWindowFlags(shutdownbox->windowFlags() | Qt::FramelessWindowHint);
-        shutdownbox->setStyleSheet(QStringLiteral("QMessageBox, QPushButton { background-color: black; }"
-                                                  " QLabel, QPushButton { color: yellow; }"));
-    }
+    if (!shutdownbox)
+        shutdownbox = new ShutdownNotice(this);
     shutdownbox->exec();
 }
 
@@ -431,14 +421,7 @@ void Video::drawRecordOverlay()
 
 void Video::showTime()
 {
-    const QDateTime now = QDateTime::currentDateTime();
-    const bool twelveHour = ConsoleSettings().value(QStringLiteral("Clock_mode")).toInt() == 1;
-    QString time = now.time().toString(twelveHour ? QStringLiteral("hh:mm AP") : QStringLiteral("hh:mm"));
-    // The colon blinks.
-    if (now.time().second() % 2 == 0)
-        time[2] = QLatin1Char(' ');
-    ui->label_time->setText(time);
-    ui->label_date->setText(now.date().toString(QStringLiteral("dd/MM/yy")));
+    m_screenClock->showTime();
 }
 
 // ---- Camera detection -------------------------------------------------------------

@@ -13,7 +13,8 @@ class Camera;
 class Indicators;
 class PictureControls;
 class QLabel;
-class QMessageBox;
+class ScreenClock;
+class ShutdownNotice;
 class CameraDetector;
 class TimedTextScreens;
 class VideoKeys;
@@ -44,7 +45,6 @@ class Video : public PipeScreen, public IVideoScreen
     friend class VideoKeys;
 public:
     static constexpr int kOverlayRefreshMs = 200;
-    static constexpr int kClockRefreshMs = 1000;
     static constexpr int kSnapshotSymbolMs = 1000;
     static constexpr int kAudioResetMs = 2000;
     // The settings tab F1 opens.
@@ -199,7 +199,6 @@ private:
     Ui::Video *ui;
     SurveyManager::SurveyType m_surveyType = SurveyManager::kSurveyType_BASIC;
     QTimer *m_display;
-    QTimer *m_clock;
     QTimer *m_snapshot_symbol_timer;
     bool m_overlay_dirty = true;
     bool m_snapshot_symbol = false;
@@ -210,7 +209,8 @@ private:
     bool counter_transparent = false;
     int m_counterState = 0;
     QPixmap default_logo;
-    QMessageBox *shutdownbox = nullptr;
+    ShutdownNotice *shutdownbox = nullptr;
+    ScreenClock *m_screenClock = nullptr;
     bool mRunOnce = false;
     VideoScripts *m_scripts;
     VideoTools *mVideoTools;
