@@ -39,7 +39,8 @@ measure() {
     echo
 }
 
-echo "console, live picture:          $(measure "$console")%"
+read -r console_live < <(measure "$console")
+echo "console, live picture:          $console_live%"
 DISPLAY="$display" xdotool key F21
 for _ in $(seq 100); do [ -f "$root/run/unitkit/videorecorder.pid" ] && break; sleep 0.1; done
 sleep 2
