@@ -1,4 +1,5 @@
 #include "app/mainwindow.h"
+#include "app/videoscreenwiring.h"
 
 #include "app/browser/report.h"
 #include "app/controller.h"
@@ -130,7 +131,7 @@ void MainWindow::setController(Controller *controller)
     m_control = controller;
     m_splash->setController(controller);
     m_login->setController(controller);
-    m_video->setController(controller);
+    VideoScreenWiring::connect(controller, m_video);
     m_report->setController(controller);
     connectFormsTo(controller);
 }

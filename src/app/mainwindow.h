@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/imainwindow.h"
-#include "app/keyhold.h"
+#include "widgets/keyhold.h"
 
 #include <QKeyEvent>
 #include <QMainWindow>
