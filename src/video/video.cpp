@@ -276,7 +276,7 @@ void Video::setChargingState(int state) { ui->indicators->setChargingState(state
 void Video::setBatteryTimeRemaining(int minutes) { ui->indicators->setBatteryTimeRemaining(minutes); }
 void Video::displayLampBrightness(int percent) { ui->indicators->displayLampBrightness(percent); }
 void Video::setDiskRecordTimeRemaining(int minutes) { ui->indicators->setDiskRecordTimeRemaining(minutes); }
-void Video::setSaveToIndicator(StorageBase::StorageItem item) { ui->indicators->selectStorage(item); }
+void Video::setSaveToIndicator(StorageBase::StorageItem item) { ui->indicators->selectStorage(StorageBase::stripName(item)); }
 void Video::setOstraWifiLogo(int state) { ui->indicators->setOstraWifiLogo(state); }
 
 void Video::displayBacklight(int level)
