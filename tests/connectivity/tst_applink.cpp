@@ -99,6 +99,7 @@ private slots:
     void someCommandsHaveNoReply();
     void heartbeatAnsweredInAnyCase();
     void recordAndStopMakeARecording();
+    void withoutASurveyFolderEveryBlockIsRefused();
     void missingReportIsStillAnnounced();
     void reportAndXmlAreSent();
     void siteImagesAreStored_data();
@@ -210,6 +211,23 @@ void TestAppLink::recordAndStopMakeARecording()
     waitForReceived(QStringLiteral("Stop"));
     QVERIFY(!m_window->videoScreen()->isRecording());
     QTRY_VERIFY_WITH_TIMEOUT(m_unit.kitLog().join('\n').contains("recording stopped"), 30000);
+}
+
+void TestAppLink::withoutASurveyFolderEveryBlockIsRefused()
+{
+    // A basic survey has no folder: the receive is accepted, but no block has anywhere to go.
+    QVERIFY(SurveyManager::instance()->getDirectory().isEmpty());
+    freshLog();
+    appDo(QStringLiteral("send Transfer 10 jpg Site"));
+    waitForReceived(QStringLiteral("Transfer true"));
+    appDo(QStringLiteral("raw aGVsbG8="));
+    QTRY_COMPARE_WITH_TIMEOUT(m_app.received().count(QStringLiteral("FileError 1")), 1, kWaitMs);
+    appDo(QStringLiteral("raw d29ybGQ="));
+    QTRY_COMPARE_WITH_TIMEOUT(m_app.received().count(QStringLiteral("FileError 1")), 2, kWaitMs);
+    m_link->modeReset();
+    QTRY_COMPARE_WITH_TIMEOUT(m_app.received().count(QStringLiteral("FileError 1")), 3, kWaitMs);
+    QCOMPARE(m_link->mode(), external_control::kNormal);
+    QVERIFY(!QFile::exists(QStringLiteral("dump.txt")));
 }
 
 void TestAppLink::missingReportIsStillAnnounced()
@@ -377,6 +395,16 @@ void TestAppLink::silenceDropsTheLinkAndDiscoveryRelinks()
     freshLog();
     appDo(QStringLiteral("send LampUp"));
     waitForReceived(QStringLiteral("LampUp"));
+
+    // Dropped again, a long Survey press links it as well.
+    m_link->handledisconnect();
+    QVERIFY(!m_link->isConnected());
+    freshLog();
+    press(Ui::Key_Survey, false);
+    for (int i = 0; i < 11; ++i)
+        press(Ui::Key_Survey, true);
+    QVERIFY(m_link->isConnected());
+    waitForReceived(QStringLiteral("Connected To LanthornPi"));
 }
 
 void TestAppLink::cleanupTestCase()
