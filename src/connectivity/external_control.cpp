@@ -113,8 +113,10 @@ void external_control::replaceSockets()
         udpsocket->close();
         udpsocket->deleteLater();
     }
+    // No read buffer limit: a full limited buffer can leave readyRead unsignalled
+    // for good. Every readyRead drains the socket, so what is held stays what the
+    // kernel delivered at once.
     socket = new QTcpSocket(this);
-    socket->setReadBufferSize(kReadBlockBytes);
     connect(socket, &QTcpSocket::connected, this, &external_control::connected);
     connect(socket, &QTcpSocket::disconnected, this, &external_control::disconnected);
     connect(socket, &QTcpSocket::bytesWritten, this, &external_control::bytesWritten);
@@ -224,9 +226,9 @@ void external_control::handledisconnect()
         socket->abort();
 }
 
-void external_control::bytesWritten(qlonglong bytes)
+void external_control::bytesWritten(qlonglong)
 {
-    qDebug() << "App link: wrote" << bytes << "bytes";
+    // Nothing waits on a write: the app's answers tell how a transfer went.
 }
 
 // ---- Reading ----------------------------------------------------------------------

@@ -36,6 +36,7 @@ public:
     static constexpr int kFileSyncWaitMs = 1000;
     // Bounds that keep a misbehaving peer from growing the console's memory or
     // filling the survey's medium.
+    // Received data is handled in blocks of this size.
     static constexpr qint64 kReadBlockBytes = 64 * 1024;
     static constexpr int kMaxCommandLength = 1024;
     static constexpr qint64 kMaxPendingReplyBytes = 1024 * 1024;
