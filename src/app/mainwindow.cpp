@@ -1,15 +1,17 @@
 #include "app/mainwindow.h"
 
+#include "app/browser/report.h"
 #include "app/controller.h"
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "app/login.h"
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 #include "app/splash.h"
 #include "connectivity/appcommand.h"
 #include "connectivity/external_control.h"
 #include "core/uikeys.h"
 #include "core/unitpaths.h"
 #include "settings/settings.h"
+#include "survey/forms/baseinfo.h"
 #include "survey/forms/engineersnotes.h"
 #include "survey/forms/runinfo.h"
 #include "survey/forms/siteinfo.h"
@@ -109,7 +111,8 @@ void MainWindow::buildPages()
     m_video = new Video(m_stack);
     m_video->setWhatsThis(QStringLiteral("Main screen"));
     addPage(m_video);
-    m_report = addPlaceholderPage(QStringLiteral("Report Screen"));
+    m_report = new Report(m_stack);
+    addPage(titled(m_report, QStringLiteral("Report Screen")));
     m_settings = new Settings(m_stack);
     addPage(m_settings);
     m_diagnostics = addPlaceholderPage(QStringLiteral("Diagnostics"));
@@ -130,6 +133,16 @@ void MainWindow::setController(Controller *controller)
     m_splash->setController(controller);
     m_login->setController(controller);
     m_video->setController(controller);
+    m_report->setController(controller);
+    connectFormsTo(controller);
+}
+
+void MainWindow::connectFormsTo(Controller *controller)
+{
+    for (BaseInfo *form : m_stack->findChildren<BaseInfo *>(QString(), Qt::FindDirectChildrenOnly))
+        connect(form, &BaseInfo::selectVideoScreen, controller, &Controller::selectVideoScreen);
+    if (auto *notes = qobject_cast<engineersNotes *>(m_engNote))
+        connect(notes, &engineersNotes::selectVideoScreen, controller, &Controller::selectVideoScreen);
 }
 
 int MainWindow::pageCount() const
@@ -167,7 +180,7 @@ int MainWindow::screen()
 
 ISplashScreen *MainWindow::splashScreen() { return m_splash; }
 ILoginScreen *MainWindow::loginScreen() { return m_login; }
-IReportScreen *MainWindow::reportScreen() { return nullptr; }
+IReportScreen *MainWindow::reportScreen() { return m_report; }
 IVideoScreen *MainWindow::videoScreen() { return dynamic_cast<IVideoScreen *>(m_video); }
 IHelpScreen *MainWindow::helpScreen() { return nullptr; }
 IStatus *MainWindow::statusScreen() { return m_settings->statusScreen(); }

@@ -10,6 +10,7 @@
 class Controller;
 class external_control;
 class PipeScreen;
+class Report;
 class Splash;
 class Login;
 class Settings;
@@ -55,6 +56,8 @@ protected:
 
 private:
     void buildPages();
+    // The survey forms ask to leave by signal; the screen controller decides.
+    void connectFormsTo(Controller *controller);
     PipeScreen *addPage(PipeScreen *page);
     PipeScreen *addPlaceholderPage(const QString &whatsThis);
     bool currentPageIsOneOf(std::initializer_list<PipeScreen *> pages) const;
@@ -93,7 +96,7 @@ private:
     Splash *m_splash = nullptr;
     Login *m_login = nullptr;
     Video *m_video = nullptr;
-    PipeScreen *m_report = nullptr;
+    Report *m_report = nullptr;
     Settings *m_settings = nullptr;
     PipeScreen *m_diagnostics = nullptr;
     PipeScreen *m_help = nullptr;
