@@ -1,13 +1,13 @@
 // The console's link to the mobile app, against the unit kit's reference app on
 // 127.0.0.1: the real window, controller, survey and recorder on a simulated unit.
 #include "app/controller.h"
-#include "app/ivideoscreen.h"
 #include "app/mainwindow.h"
 #include "connectivity/external_control.h"
 #include "core/uikeys.h"
 #include "referenceapp.h"
 #include "support/testunit.h"
 #include "survey/corvane/corvanecontroller.h"
+#include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
 
 #include <QApplication>
