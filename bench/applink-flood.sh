@@ -35,7 +35,7 @@ rss() { awk '/VmRSS/ {print $2}' "/proc/$console/status"; }
 eval "$("$repo/unit/make-root" "$work/root" "$build")"
 log="$DUCTLINE_ROOT/opt/hbi/log/Ductline-$(date +%d%m%Y).log"
 applog="$DUCTLINE_ROOT/opt/hbi/log/unit-app.log"
-unit-app start --loopback >/dev/null
+unit-app start >/dev/null
 (cd "$DUCTLINE_ROOT" && exec "$build/src/Ductline") >/dev/null 2>&1 &
 console=$!
 wait_for "$log" "Screen 1: Login screen"

@@ -29,7 +29,7 @@ public:
         discoveryPort = probe.localPort();
         probe.close();
         m_process.setProgram(m_unit.path(QStringLiteral("/usr/local/bin/unit-app")));
-        m_process.setArguments({QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--loopback"),
+        m_process.setArguments({QStringLiteral("--port"), QStringLiteral("0"),
                                 QStringLiteral("--beat"), QString::number(kBeatSeconds), QStringLiteral("--discovery-port"),
                                 QString::number(discoveryPort), QStringLiteral("--control"), controlPath(),
                                 QStringLiteral("run")});
