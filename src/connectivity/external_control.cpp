@@ -474,6 +474,11 @@ void external_control::stopTimer()
     m_pdfTimer->stop();
 }
 
+bool external_control::awaitingAnswer() const
+{
+    return m_pdfTimer->isActive();
+}
+
 void external_control::pdfTimeout()
 {
     qInfo() << "The ostra app did not answer a sent file";

@@ -61,6 +61,8 @@ public:
     // Sends the announced file, once the app has said it is ready for it.
     void fileWrite();
     void stopTimer();
+    // A sent file waits for the app to say how it went.
+    bool awaitingAnswer() const;
 
     bool isConnected() const;
     QString gatewayAddress() const { return gateway; }

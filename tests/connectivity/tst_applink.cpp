@@ -9,11 +9,14 @@
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
+#include "widgets/menudialog.h"
+#include "widgets/messagedialog.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QImageReader>
+#include <QRegularExpression>
 #include <QtTest>
 
 namespace {
@@ -80,6 +83,30 @@ class TestAppLink : public QObject
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(m_link->dumpFilePath()).size() >= base64Size, kWaitMs);
         m_link->modeReset();
     }
+    QStringList visibleNotes() const
+    {
+        QStringList texts;
+        for (QWidget *widget : QApplication::allWidgets()) {
+            if (auto *note = qobject_cast<MessageDialog *>(widget))
+                texts << QStringLiteral("%1 %2").arg(note->isVisible()).arg(note->text());
+            if (auto *dialogue = qobject_cast<menuDialog *>(widget))
+                texts << QStringLiteral("%1 %2").arg(dialogue->isVisible()).arg(dialogue->rows().join(','));
+        }
+        return texts;
+    }
+    // A note or dialogue on the screen that says `text`.
+    bool visibleNoteSays(const QString &text) const
+    {
+        for (MessageDialog *note : m_window->findChildren<MessageDialog *>()) {
+            if (note->isVisible() && note->text().contains(text))
+                return true;
+        }
+        for (menuDialog *dialogue : m_window->findChildren<menuDialog *>()) {
+            if (dialogue->isVisible() && dialogue->rows().contains(text))
+                return true;
+        }
+        return false;
+    }
     void openCorvaneProject()
     {
         CorvaneController *ostra = CorvaneController::instance();
@@ -88,6 +115,8 @@ class TestAppLink : public QObject
         SurveyManager::instance()->setType(SurveyManager::kSurveyType_CORVANE);
         m_window->selectScreen(Controller::kScreenVideo);
         m_project = SurveyManager::instance()->getDirectory();
+        // The mode's instruction comes a moment later and would close the notes of the transfers.
+        QTRY_VERIFY_WITH_TIMEOUT(visibleNoteSays(QStringLiteral("Press record")), kWaitMs);
     }
 
 private slots:
@@ -102,6 +131,8 @@ private slots:
     void withoutASurveyFolderEveryBlockIsRefused();
     void missingReportIsStillAnnounced();
     void reportAndXmlAreSent();
+    void operatorHearsHowASendEnded_data();
+    void operatorHearsHowASendEnded();
     void siteImagesAreStored_data();
     void siteImagesAreStored();
     void heartbeatInsideImageDataIsKeptOut();
@@ -210,10 +241,16 @@ void TestAppLink::recordAndStopMakeARecording()
     appDo(QStringLiteral("send Record"));
     waitForReceived(QStringLiteral("Record"));
     QTRY_VERIFY_WITH_TIMEOUT(m_window->videoScreen()->isRecording(), kWaitMs);
+    // The recorder takes its first frame before it can be stopped cleanly.
+    QTRY_VERIFY_WITH_TIMEOUT(m_unit.kitLog().join('\n').contains("recording /"), 30000);
     appDo(QStringLiteral("send Stop"));
     waitForReceived(QStringLiteral("Stop"));
     QVERIFY(!m_window->videoScreen()->isRecording());
-    QTRY_VERIFY_WITH_TIMEOUT(m_unit.kitLog().join('\n').contains("recording stopped"), 30000);
+    // The kit's recorder keeps its file playable from the first frame on.
+    const QRegularExpression started(QStringLiteral("recording (/\\S+\\.mp4) \\("));
+    const QString video = started.match(m_unit.kitLog().join('\n')).captured(1);
+    QVERIFY2(!video.isEmpty(), "no recording started");
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(video).size() > 0, 30000);
 }
 
 void TestAppLink::withoutASurveyFolderEveryBlockIsRefused()
@@ -268,6 +305,35 @@ void TestAppLink::reportAndXmlAreSent()
     appDo(QStringLiteral("send GetXML"));
     waitForReceived(QStringLiteral("Transfer xml 0 Ostra"));
     QTRY_COMPARE_WITH_TIMEOUT(contents(m_app.receivedFile("survey.xml")), xml, kWaitMs);
+}
+
+void TestAppLink::operatorHearsHowASendEnded_data()
+{
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<QString>("note");
+    QTest::newRow("success") << "ok" << "Transfer Successful";
+    QTest::newRow("failure") << "fail" << "Transfer Failed";
+    QTest::newRow("no answer") << "silent" << "ostra App Stopped Responding Please Check Your Connection";
+}
+
+void TestAppLink::operatorHearsHowASendEnded()
+{
+    QFETCH(QString, answer);
+    QFETCH(QString, note);
+    appDo(QStringLiteral("answer ") + answer);
+    QFile::remove(m_app.receivedFile("report.pdf"));
+    appDo(QStringLiteral("get report"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_app.receivedFile("report.pdf")), kWaitMs);
+    if (answer == QLatin1String("silent")) {
+        QVERIFY(m_link->awaitingAnswer());
+        // The 20 s answer timer, not waited out.
+        m_link->pdfTimeout();
+    } else {
+        QTRY_VERIFY_WITH_TIMEOUT(!m_link->awaitingAnswer(), kWaitMs);
+    }
+    QTRY_VERIFY2_WITH_TIMEOUT(visibleNoteSays(note), qPrintable(visibleNotes().join('|')), kWaitMs);
+    appDo(QStringLiteral("answer ok"));
+    m_link->stopTimer();
 }
 
 void TestAppLink::siteImagesAreStored_data()
