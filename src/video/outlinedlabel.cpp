@@ -1,6 +1,8 @@
 #include "video/outlinedlabel.h"
 
+#include <QFontMetrics>
 #include <QPainter>
+#include <QPainterPath>
 
 namespace {
 
@@ -18,8 +20,6 @@ const Look kLooks[kStyleCount] = {
 };
 
 const int kPointSizes[kSizeCount] = {15, 20, 27};
-
-const QPoint kOutlineOffsets[] = {{1, 1}, {1, -1}, {-1, 1}, {-1, -1}};
 
 int wrapped(int value, int count)
 {
@@ -62,13 +62,16 @@ void OutlinedLabel::paintEvent(QPaintEvent *)
 {
     QFont font(QStringLiteral("Arial"), ptSize, QFont::Bold);
     font.setStyleHint(QFont::SansSerif, QFont::PreferBitmap);
+    const QFontMetrics metrics(font);
+    // A ring around every glyph a fifth of the line high: thin enough to keep
+    // the letters open, wide enough to part them from a picture of their own colour.
+    const int outline = qMax(6, metrics.height() / 5);
+    QPainterPath path;
+    const QStringList lines = text().split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i)
+        path.addText(outline / 2, outline / 2 + metrics.ascent() + i * metrics.lineSpacing(), font, lines.at(i));
     QPainter painter(this);
-    painter.setFont(font);
-    const QString content = text();
-    const QRect area = rect();
-    painter.setPen(QPen(outline_colour, 5));
-    for (const QPoint &offset : kOutlineOffsets)
-        painter.drawText(area.translated(offset), Qt::AlignLeft, content);
-    painter.setPen(QPen(bck_colour, 5));
-    painter.drawText(area, Qt::AlignLeft, content);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.strokePath(path, QPen(outline_colour, outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(path, bck_colour);
 }

@@ -4,7 +4,7 @@
 #include <QLabel>
 
 // Text that stays readable on any pipe picture: drawn in one colour over a
-// one-pixel outline of another, in a few looks and sizes the operator cycles.
+// thick outline of another, in a few looks and sizes the operator cycles.
 class OutlinedLabel : public QLabel
 {
     Q_OBJECT

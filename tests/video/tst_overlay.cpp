@@ -70,6 +70,27 @@ void press(QWidget *widget, int key, int times = 1)
     }
 }
 
+// Glyph pixels (the text colour itself) with a pixel of the picture showing
+// through within two pixels: there the letter runs into the picture with nothing
+// between them. Where the picture shows is where two renders over slightly
+// different pictures differ.
+int glyphPixelsTouchingThePicture(const QImage &over, const QImage &overOther, QRgb text)
+{
+    int touching = 0;
+    for (int y = 2; y < over.height() - 2; ++y) {
+        for (int x = 2; x < over.width() - 2; ++x) {
+            if (over.pixel(x, y) != text)
+                continue;
+            bool bare = false;
+            for (int dy = -2; dy <= 2 && !bare; ++dy)
+                for (int dx = -2; dx <= 2 && !bare; ++dx)
+                    bare = over.pixel(x + dx, y + dy) != overOther.pixel(x + dx, y + dy);
+            touching += bare;
+        }
+    }
+    return touching;
+}
+
 } // namespace
 
 class TestOverlay : public QObject
@@ -94,6 +115,8 @@ private slots:
     void pageTextIsStoredOnlyByPrintableKeys();
     void hidePageKeepsItsMixedNumbering();
     void styleKeyWithoutPlacingRecoloursCurrentPage();
+    void outlineKeepsTextApartFromThePicture_data();
+    void outlineKeepsTextApartFromThePicture();
 
 private:
     overlay *makeOverlay();
@@ -449,6 +472,37 @@ void TestOverlay::styleKeyWithoutPlacingRecoloursCurrentPage()
     press(ov, Ui::Key_Style);
     QCOMPARE(label("page4")->textColour(), 1);
     QCOMPARE(label("page1")->textColour(), 0);
+}
+
+void TestOverlay::outlineKeepsTextApartFromThePicture_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<QColor>("picture");
+    QTest::newRow("white text on a light picture") << int(OutlinedLabel::WhiteTextBlackOutline) << QColor(0xE8, 0xE8, 0xE8);
+    QTest::newRow("white text on a dark picture") << int(OutlinedLabel::WhiteTextBlackOutline) << QColor(0x30, 0x30, 0x30);
+    QTest::newRow("black text on a dark picture") << int(OutlinedLabel::BlackTextWhiteOutline) << QColor(0x30, 0x30, 0x30);
+    QTest::newRow("black text on a light picture") << int(OutlinedLabel::BlackTextWhiteOutline) << QColor(0xE8, 0xE8, 0xE8);
+}
+
+void TestOverlay::outlineKeepsTextApartFromThePicture()
+{
+    QFETCH(int, style);
+    QFETCH(QColor, picture);
+    OutlinedLabel label;
+    label.setText(QStringLiteral("MH1 12.40m WXYZ"));
+    label.setTextColour(style);
+    label.resize(420, 60);
+    const auto rendered = [&label](const QColor &ground) {
+        QImage image(label.size(), QImage::Format_RGB32);
+        image.fill(ground);
+        label.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+        return image;
+    };
+    const QImage image = rendered(picture);
+    keep(image, QStringLiteral("outline-%1-%2").arg(style).arg(picture.name().mid(1)));
+    const QRgb text = label.textPenColour().rgb();
+    QVERIFY(pixelsOf(image, image.rect(), text) > 200);
+    QCOMPARE(glyphPixelsTouchingThePicture(image, rendered(picture.darker(110)), text), 0);
 }
 
 QTEST_MAIN(TestOverlay)
