@@ -22,6 +22,8 @@
 #include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
 #include "video/audio.h"
+#include "video/video.h"
+#include "widgets/indicators.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -86,6 +88,8 @@ Controller::Controller(IMainWindow *window, QObject *parent)
     audio *headset = audio::instance(this);
     connect(headset, &audio::detectStarted, SurveyManager::instance(), &SurveyManager::headsetDetectStarted);
     connect(headset, &audio::finished, SurveyManager::instance(), &SurveyManager::headsetDetectFinished);
+    if (auto *video = dynamic_cast<Video *>(m_window->videoScreen()))
+        connect(headset, &audio::updateAudioState, video->indicators(), &Indicators::setAudioState);
     headset->init();
     init_micro();
 

@@ -5,9 +5,14 @@
 #include "core/uikeys.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"
+#include "video/audio.h"
+#include "video/video.h"
+#include "widgets/audioindicator.h"
+#include "widgets/indicators.h"
 #include "survey/surveymanager.h"
 
 #include <QApplication>
+#include <QSignalSpy>
 #include <QtTest>
 
 class TestMainWindow : public QObject
@@ -46,6 +51,24 @@ private slots:
         m_window = new MainWindow;
         m_controller = Controller::create(m_window, m_window);
         QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
+    }
+
+    // The simulated headset plugged in: after two detections in a row the strip shows it.
+    void headsetPluggedInShowsOnTheStatusStrip()
+    {
+        auto *video = dynamic_cast<Video *>(m_window->videoScreen());
+        QVERIFY(video);
+        QVERIFY(m_unit.writeFile(QStringLiteral("/var/hbi/sim/headset"), "1\n"));
+        QSignalSpy detected(audio::instance(), &audio::finished);
+        for (int round = 1; round <= 2; ++round) {
+            QTRY_VERIFY(audio::instance()->detectFinished());
+            audio::instance()->microphone_detect();
+            QTRY_VERIFY(detected.size() >= round);
+        }
+        QTRY_VERIFY(video->indicators()->headset()->isHeadsetShown());
+        QVERIFY(m_unit.writeFile(QStringLiteral("/var/hbi/sim/headset"), "0\n"));
+        audio::instance()->microphone_detect();
+        QTRY_VERIFY(!video->indicators()->headset()->isHeadsetShown());
     }
 
     void returnOnLoginGoesToTheMainScreen()
