@@ -52,6 +52,7 @@ QString ConsoleStyle::styleSheet()
                " QPushButton:focus { border: 4px solid %1; background: #FFF7C8; }"
                "QPushButton:pressed { background: %2; }"
                "QComboBox::drop-down { width: 28px; border-left: 2px solid #404040; }"
+               "QComboBox::down-arrow { image: url(:/graphics/combo-arrow.svg); width: 16px; height: 10px; }"
                "QComboBox QAbstractItemView { border: 3px solid black; background: white;"
                " selection-background-color: %2; selection-color: black; }"
                "QListView::item { padding: 6px 10px; border: 3px solid transparent; }"
@@ -63,8 +64,9 @@ QString ConsoleStyle::styleSheet()
                "hbiLabel[look=\"warning\"] { color: white; background: %3; padding: 2px 6px; }"
                "hbiLineEdit[missing=\"true\"] { background: #FFE4E4; }"
                "hbiLineEdit[missing=\"true\"]:!focus { border-color: %3; }"
-               "HBIMessageBox { background: %2; border: 4px solid black; }"
-               "HBIMessageBox QLabel { color: black; background: transparent; }")
+               // Every box wears the keypad dialogs' look, its texts kept clear of the frame.
+               "HBIMessageBox { background: white; border: 4px solid black; padding: 12px; }"
+               "HBIMessageBox QLabel { color: black; background: transparent; padding: 6px 10px; }")
         .arg(focus, selection, alarm)
         .arg(kTitlePixels)
         .arg(kHintPixels);

@@ -12,7 +12,10 @@
 #include "widgets/textentrydialog.h"
 #include "widgets/wifiindicator.h"
 
+#include <QComboBox>
+#include <QLabel>
 #include <QListWidget>
+#include <QStyleOptionComboBox>
 #include <QtTest>
 
 // Renders each dialog and the status strip as the operator sees them, checks the
@@ -136,7 +139,30 @@ private slots:
         box.setInformativeText("Insufficient Storage Available");
         const QImage boxImage = snapshot(&box, "messagebox");
         const int pixels = boxImage.width() * boxImage.height();
-        QVERIFY2(countNear(boxImage, boxImage.rect(), kYellow) > pixels / 2, "black on yellow");
+        QVERIFY2(countNear(boxImage, boxImage.rect(), kWhite) > pixels / 2, "black on white, as every dialog");
+        // The title stands clear of the frame.
+        for (const QLabel *label : box.findChildren<QLabel *>()) {
+            if (!label->isVisible() || label->text().isEmpty() || label->pixmap())
+                continue;
+            const QRect area = areaOf(label, &box).marginsRemoved(QMargins(1, 1, 1, 1));
+            QVERIFY2(area.left() >= 12 && area.top() >= 12, qPrintable(label->text()));
+            QVERIFY2(area.right() <= box.width() - 12, qPrintable(label->text()));
+        }
+    }
+
+    void comboBoxShowsItsArrow()
+    {
+        QComboBox combo;
+        combo.addItems({QStringLiteral("Metres"), QStringLiteral("Feet")});
+        combo.resize(220, combo.sizeHint().height());
+        const QImage image = snapshot(&combo, "combobox");
+        QStyleOptionComboBox option;
+        option.initFrom(&combo);
+        option.subControls = QStyle::SC_All;
+        QRect arrow = combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &combo);
+        // Inside the arrow cell, away from its border line.
+        arrow = arrow.marginsRemoved(QMargins(4, 4, 4, 4));
+        QVERIFY2(countNear(image, arrow, Qt::black, 60) > 30, "the arrow cell shows an arrow");
     }
 
     void cameraStatePictures_data()
