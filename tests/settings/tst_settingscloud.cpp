@@ -44,7 +44,7 @@ class TestSettingsCloud : public QObject
         QPushButton *button = m_page->findChild<QPushButton *>();
         button->setFocus();
         QTest::keyClick(button, Qt::Key_Space);
-        if (!QTest::qWaitFor([&box]() { return box.done(); }, 40000))
+        if (!QTest::qWaitFor([&box]() { return box.done(); }, 30000))
             return QString();
         if (!QTest::qWaitFor([]() { return !QApplication::activeModalWidget(); }, 5000))
             return QStringLiteral("box still open");

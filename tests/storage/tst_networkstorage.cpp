@@ -171,7 +171,7 @@ private slots:
         QSignalSpy done(m_cloud, &NetworkStorage::copyDone);
         QSignalSpy aborted(m_cloud, &NetworkStorage::copyAborted);
         m_cloud->uploadFiles(local, remote);
-        QVERIFY(done.wait(60000));
+        QVERIFY(done.wait(30000));
         QCOMPARE(aborted.count(), 0);
         QCOMPARE(done.at(0).at(0).toInt(), NetworkStorage::kCopyDoneCode);
         QCOMPARE(tree(m_site.home() + "/corvane/Ash Grove"), tree(local));
@@ -180,7 +180,7 @@ private slots:
 
         const QString back = m_unit.path("/media/usb1/corvane/Ash Grove");
         m_cloud->downloadFiles(remote, back);
-        QVERIFY(done.wait(60000));
+        QVERIFY(done.wait(30000));
         QCOMPARE(aborted.count(), 0);
         QCOMPARE(tree(back), tree(local));
     }
