@@ -5,6 +5,7 @@
 #include "core/unitpaths.h"
 #include "storage/cloudconfig.h"
 #include "storage/ftpclient.h"
+#include "storage/wcwclient.h"
 #include "storage/wirelesslog.h"
 
 #include <QDebug>
@@ -12,6 +13,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QSettings>
 
 namespace {
 const QString kQuickScan = QStringLiteral("ftp_quickscan.sh");
@@ -22,6 +24,9 @@ const QString kDirLine = QStringLiteral("DIR: ");
 const QString kFileLine = QStringLiteral("FILE: ");
 const QString kMakePathFailed = QStringLiteral("Could not chdir to");
 const QString kCloudName = QStringLiteral("Cloud");
+const QString kWinCanWebName = QStringLiteral("WinCan Web");
+const char kWinCanWebServerKey[] = "Cloud/WinCanWebServer";
+const char kWinCanWebServer[] = "https://wincanweb.invalid";
 constexpr int kFullWifi = 4;
 constexpr int kNoWifiConnection = 1;
 } // namespace
@@ -34,6 +39,15 @@ NetworkStorage::NetworkStorage(QObject *parent) : StorageBase(parent)
     connect(process, &ProcessController::outputWithArgs, this, &NetworkStorage::finishedProcess);
     connect(m_ftp, &FTPClient::done, this, &NetworkStorage::copyFinished);
     connect(m_ftp, &FTPClient::quitclicked, this, &NetworkStorage::copyQuit);
+    m_wcw = WCWClient::instance(parent);
+    WCWhost = QSettings(QStringLiteral("Corvane"), QStringLiteral("Ductline"))
+                  .value(kWinCanWebServerKey, QString::fromLatin1(kWinCanWebServer))
+                  .toString();
+    m_wcw->setServer(QUrl(WCWhost));
+    connect(m_wcw, &WCWClient::loggedin, this, &NetworkStorage::wcwLoggedIn);
+    connect(m_wcw, &WCWClient::newpaths, this, &NetworkStorage::wcwPaths);
+    connect(m_wcw, &WCWClient::done, this, &NetworkStorage::copyFinished);
+    connect(m_wcw, &WCWClient::quitclicked, this, &NetworkStorage::copyQuit);
     readSettings();
     if (QFile::exists(CloudIndex::fileName()))
         m_index.read();
@@ -70,9 +84,24 @@ QString NetworkStorage::filterPath(const QString &path, bool keepBelow)
     return CloudIndex::filterPath(path, keepBelow);
 }
 
+void NetworkStorage::setWinCanWeb(bool on)
+{
+    m_wincanweb = on;
+}
+
+int NetworkStorage::serverSlot() const
+{
+    return m_wincanweb ? kStorageWINCANWEB : kStorageCLOUD;
+}
+
+QString NetworkStorage::serverRoot() const
+{
+    return m_wincanweb ? WCWhost : m_host;
+}
+
 bool NetworkStorage::isCloudPath(const QString &path) const
 {
-    const QString root = StorageBase::instance()->getPath(kStorageCLOUD);
+    const QString root = StorageBase::instance()->getPath(serverSlot());
     if (root.isEmpty() || !path.startsWith(root + QLatin1Char('/')))
         return false;
     return !filterPath(path, true).isEmpty();
@@ -108,7 +137,36 @@ void NetworkStorage::networkScan(QString host, QString user, QString password)
     m_password = password;
     writeSettings();
     m_index.reset();
+    if (m_wincanweb) {
+        m_wcw->logout();
+        m_wcw->loginToWeb(m_username, m_password);
+        return;
+    }
     performScan(QString());
+}
+
+void NetworkStorage::wcwLoggedIn()
+{
+    if (m_wcw->isLoggedIn())
+        performScan(QString());
+    else
+        wcwPaths(false, QStringList());
+}
+
+void NetworkStorage::wcwPaths(bool ok, QStringList names)
+{
+    if (ok) {
+        for (const QString &name : qAsConst(names))
+            updateNetworkPaths(QStringLiteral("%1/corvane/%2").arg(WCWhost, name), 1);
+        mountCloud();
+        updateWirelessLog(kconnectionsuccess);
+        emit success();
+    } else {
+        unmountCloud();
+        updateWirelessLog(kconnectionfailure);
+        emit failure();
+    }
+    emit scanfinished();
 }
 
 void NetworkStorage::autoScan()
@@ -126,6 +184,11 @@ void NetworkStorage::performScan(const QString &path)
 {
     if (m_wifiState <= kNoWifiConnection) {
         qInfo() << "Can't scan without WiFi!";
+        return;
+    }
+    if (m_wincanweb) {
+        updateWirelessLog(kconnectionstart);
+        m_wcw->loadProjects();
         return;
     }
     queueScript(kQuickScan, path.isEmpty() ? QLatin1Char('/') + CloudIndex::kProjectFolder : path);
@@ -197,18 +260,18 @@ void NetworkStorage::updateNetworkPaths(const QString &path, int depth)
 void NetworkStorage::mountCloud()
 {
     StorageBase *table = StorageBase::instance();
-    if (table->getPath(kStorageCLOUD) == m_host) {
+    if (table->getPath(serverSlot()) == serverRoot()) {
         emit table->storage_updated();
         return;
     }
-    table->handle_mount(kCloudName, m_host);
+    table->handle_mount(m_wincanweb ? kWinCanWebName : kCloudName, serverRoot());
 }
 
 void NetworkStorage::unmountCloud()
 {
     StorageBase *table = StorageBase::instance();
-    if (!table->getPath(kStorageCLOUD).isEmpty())
-        table->handle_unmount(table->getPath(kStorageCLOUD));
+    if (!table->getPath(serverSlot()).isEmpty())
+        table->handle_unmount(table->getPath(serverSlot()));
 }
 
 // "host:port/corvane/Site" -> "/corvane/Site"
@@ -242,6 +305,11 @@ QList<NetworkStorage::CopyEntry> NetworkStorage::parseListing(const QString &out
 void NetworkStorage::downloadFiles(QString source, QString destination)
 {
     requestcancel = false;
+    if (m_wincanweb) {
+        qWarning() << "Download not yet implemented";
+        emit copyAborted(-3);
+        return;
+    }
     m_ftp->setCredentials(m_username, m_password);
     m_ftp->clearFiles();
     if (!m_index.isRead()) {
@@ -305,10 +373,20 @@ void NetworkStorage::processDownloadFiles()
 void NetworkStorage::uploadFiles(QString source, QString destination)
 {
     requestcancel = false;
-    m_ftp->setCredentials(m_username, m_password);
-    m_ftp->clearFiles();
     src = source;
     dest = destination;
+    if (m_wincanweb) {
+        m_uploadDirs.clear();
+        m_copying = true;
+        emit copyStarted();
+        if (m_wcw->upload(source) < 0) {
+            m_copying = false;
+            emit copyAborted(-2);
+        }
+        return;
+    }
+    m_ftp->setCredentials(m_username, m_password);
+    m_ftp->clearFiles();
     m_copying = true;
     findPaths(source);
     directoriesMade = 0;
@@ -417,7 +495,10 @@ void NetworkStorage::cancelCopy()
 {
     requestcancel = true;
     updateWirelessLog(kcopycancel);
-    m_ftp->cancelCopy();
+    if (m_wincanweb)
+        m_wcw->cancelCopy();
+    else
+        m_ftp->cancelCopy();
 }
 
 void NetworkStorage::updateWirelessLog(CloudState state)

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 class FTPClient;
+class WCWClient;
 class ProcessController;
 
 template <typename T>
@@ -40,7 +41,10 @@ public:
     static QString filterPath(const QString &path, bool keepBelow);
     // True for a project path on the mounted cloud site.
     bool isCloudPath(const QString &path) const;
-    bool isWinCanWeb() const { return false; }
+    bool isWinCanWeb() const { return m_wincanweb; }
+    // The WinCan Web service in place of the FTP site, at the address the console is set to.
+    void setWinCanWeb(bool on);
+    QString winCanWebHost() const { return WCWhost; }
     QStringList indexedPaths() const { return m_index.paths(); }
     QString host() const { return m_host; }
     QString username() const { return m_username; }
@@ -70,6 +74,8 @@ private slots:
     void finishedProcess(QString cmd, QString output, QStringList args);
     void copyFinished();
     void copyQuit();
+    void wcwLoggedIn();
+    void wcwPaths(bool ok, QStringList names);
 
 private:
     friend class Singleton<NetworkStorage>;
@@ -87,6 +93,8 @@ private:
     void updateNetworkPaths(const QString &path, int depth);
     void mountCloud();
     void unmountCloud();
+    int serverSlot() const;
+    QString serverRoot() const;
     QString remoteFolder(const QString &cloudPath) const;
     static QList<CopyEntry> parseListing(const QString &output, const QString &below);
     void preparePaths();
@@ -101,6 +109,9 @@ private:
     static int wifiStateFromRoute();
 
     FTPClient *m_ftp = nullptr;
+    WCWClient *m_wcw = nullptr;
+    QString WCWhost;
+    bool m_wincanweb = false;
     ProcessController *process = nullptr;
     CloudIndex m_index;
     QString m_host;

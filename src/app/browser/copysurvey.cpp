@@ -100,8 +100,11 @@ void CopySurvey::Transfer(bool upload, const QString &source, const QString &des
 
 void CopySurvey::handleStartDialog()
 {
-    m_progress->setLabelText(tr("<p align='center'><strong>Copy in Progress...</strong></p>"
-                                "<p align='center'>Do Not Remove the WiFi Dongle during Copy!</p>"));
+    m_progress->setLabelText(m_cloud->isWinCanWeb()
+                                 ? tr("<p align=' center'><strong>WinCan Web Copy in Progress...</strong></p>"
+                                      "<p align='center'>Do Not Remove the WiFi Dongle during Copy!</p>")
+                                 : tr("<p align='center'><strong>Copy in Progress...</strong></p>"
+                                      "<p align='center'>Do Not Remove the WiFi Dongle during Copy!</p>"));
     m_progress->setCancelButtonText(tr("Cancel"));
     m_running = true;
 }
@@ -112,8 +115,13 @@ void CopySurvey::handleNetworkDone(int code, QProcess::ExitStatus status)
     closeProgress();
     if (code != NetworkStorage::kCopyDoneCode || status != QProcess::NormalExit)
         return;
-    showResult(true, QMessageBox::NoIcon, tr("<p align='center'><strong>Cloud Copy Success</strong></p>"),
-               tr("<p align='center'>Successfully Copied Survey.</p>"));
+    if (m_cloud->isWinCanWeb())
+        showResult(true, QMessageBox::NoIcon, tr("<p align='center'><strong>WinCan Web Copy Success</strong></p>"),
+                   tr("<p align='center'>Successfully Copied Project.</p><p align='center'>You will receive an email "
+                      "when your project has been processed and is ready to view on the Web.</p>"));
+    else
+        showResult(true, QMessageBox::NoIcon, tr("<p align='center'><strong>Cloud Copy Success</strong></p>"),
+                   tr("<p align='center'>Successfully Copied Survey.</p>"));
 }
 
 void CopySurvey::handleErrorDialog(int code)
@@ -121,8 +129,17 @@ void CopySurvey::handleErrorDialog(int code)
     m_running = false;
     closeProgress();
     qWarning() << "Cloud copy aborted with code" << code;
-    showResult(false, QMessageBox::Critical, tr("<p align='center'><strong>Cloud Copy Failed</strong></p>"),
-               tr("<p align='center'>Error: Copy Aborted.</p>"));
+    const QString wincanFailed = tr("<p align='center'><strong>WinCan Web Copy Failed</strong></p>");
+    if (code == -3)
+        showResult(false, QMessageBox::Information, wincanFailed,
+                   tr("<p align='center'>Downloading WinCan projects is not supported.</p>"));
+    else if (code == -2)
+        showResult(false, QMessageBox::Warning, wincanFailed,
+                   tr("<p align='center'>Please export your WinCan project before uploading.</p>"));
+    else
+        showResult(false, QMessageBox::Critical,
+                   m_cloud->isWinCanWeb() ? wincanFailed : tr("<p align='center'><strong>Cloud Copy Failed</strong></p>"),
+                   tr("<p align='center'>Error: Copy Aborted.</p>"));
 }
 
 void CopySurvey::handleStarted()
