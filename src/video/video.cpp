@@ -17,6 +17,7 @@
 #include "widgets/indicators.h"
 #include "widgets/keypaddialog.h"
 #include "widgets/menudialog.h"
+#include "widgets/paramentrydialog.h"
 #include "widgets/messagedialog.h"
 #include "widgets/textentrydialog.h"
 
@@ -869,8 +870,8 @@ bool Video::openSurveyDialog(IVideoScreen::overlay_menu_t type, const QString &t
             : new MessageDialog(dialogParent(), title, list.value(0));
         break;
     case kOverlayParamEntry:
-        qInfo().noquote() << "Parameter entry" << title << "not available in this build";
-        return false;
+        dialog = new ParamEntryDialog(dialogParent(), receiver, slot, title, list);
+        break;
     default:
         qWarning() << "Unknown dialog type" << type;
         return false;
