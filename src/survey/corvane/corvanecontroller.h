@@ -6,6 +6,7 @@
 #include <QStringList>
 
 class QTimer;
+class WrcChain;
 
 // The ostra reporting mode: the mode key's menus, the life of a project
 // ("<site>.sur") and its sections ("section_<n>"), the questions asked at the
@@ -39,6 +40,8 @@ public:
     // The standard question chains, started by the survey manager on Record and Stop.
     void startostraPopUp();
     void showOstraEndQuestions();
+    // The question chains of the WRC schema, on the current screen.
+    WrcChain *wrcChain();
 
 public slots:
     // The project form saved: make the project folder and file, then a section.
@@ -133,4 +136,5 @@ private:
     popup_type mPopupType = kStartmessage;
     // What the status bar shows during a recording: the node and the water level.
     QStringList m_statusItems{QString(), QString()};
+    WrcChain *m_wrc = nullptr;
 };
