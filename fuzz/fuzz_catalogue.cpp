@@ -101,7 +101,8 @@ void walk(int handle)
             for (int p = 0; p < paramCount; ++p)
                 touch(params[p]->Caption);
             WCCatCharExt_t **exts = nullptr;
-            walkExtensions(handle, exts, WCC_GetCharExtsByBaseCode(handle, codes[b], &exts), 0);
+            const int extCount = WCC_GetCharExtsByBaseCode(handle, codes[b], &exts);
+            walkExtensions(handle, exts, extCount, 0);
         }
     }
     WCCatBaseCode_t **all = nullptr;
