@@ -15,6 +15,7 @@ namespace {
 
 const QString kMandatoryMark = QStringLiteral("*");
 constexpr int kSizeStep = 10;
+constexpr int kFieldMinWidth = 260;
 
 // Settings keys of the auto-filled fields, by survey mode.
 QString modeKey(const QString &mode, const char *wincanKey, const char *ostraKey)
@@ -42,7 +43,7 @@ ParamEntryDialog::ParamEntryDialog(QWidget *parent, QObject *receiver, const cha
         label->setWordWrap(false);
         auto *edit = new hbiLineEdit(autoFill(text), this);
         edit->setObjectName(QString::number(i));
-        edit->setMinimumWidth(260);
+        edit->setMinimumWidth(kFieldMinWidth);
         if (text.endsWith(kMandatoryMark)) {
             mMandatoryEntries << i;
             text.chop(1);
