@@ -34,6 +34,8 @@ ParamEntryDialog::ParamEntryDialog(QWidget *parent, QObject *receiver, const cha
     : KeypadDialog(parent, title), mList(labels)
 {
     mObsCode = QString(title).remove(QStringLiteral("* = Mandatory Field")).remove(QStringLiteral("Code: ")).trimmed();
+    // The start node's dialog leaves the flag set for the water level's, which follows it.
+    mStartFlag = ConsoleSettings().value(QStringLiteral("WinCanData/startFlag"), false).toBool();
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(12);
     for (int i = 0; i < labels.size(); ++i) {

@@ -347,9 +347,14 @@ void TestObservationEntry::nodeFieldsAreFilledIn()
     settings.setValue(QStringLiteral("SurveyData/startRemarks"), QStringLiteral("lid stuck"));
     settings.setValue(QStringLiteral("SurveyData/waterLevel"), QStringLiteral("10"));
     ParamEntryDialog start(nullptr, nullptr, nullptr, QStringLiteral("Code: MH"),
-                           {QStringLiteral("Node reference *"), QStringLiteral("Remarks "), QStringLiteral("Water level % *")});
-    QCOMPARE(start.texts(), (QStringList{"MH1", "lid stuck", "10"}));
+                           {QStringLiteral("Node reference *"), QStringLiteral("Remarks ")});
+    QCOMPARE(start.texts(), (QStringList{"MH1", "lid stuck"}));
     QCOMPARE(start.obsCode(), QStringLiteral("MH"));
+    // The water level's own dialog, after the start node's, is filled in too.
+    ParamEntryDialog level(nullptr, nullptr, nullptr, QStringLiteral("Code: WL"),
+                           {QStringLiteral("Water level % *"), QStringLiteral("Remarks ")});
+    QCOMPARE(level.texts(), (QStringList{"10", ""}));
+    QVERIFY(!settings.value(QStringLiteral("WinCanData/startFlag")).toBool());
     ParamEntryDialog finish(nullptr, nullptr, nullptr, QStringLiteral("Code: MHF"),
                             {QStringLiteral("Node reference *"), QStringLiteral("Remarks ")});
     QCOMPARE(finish.texts(), (QStringList{"MH2", ""}));
