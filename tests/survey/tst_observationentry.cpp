@@ -34,6 +34,7 @@ private slots:
     void closingTheFirstOfTwoNumbersTheNextThird();
     void openDefectsDoNotSurviveARestart();
     void groupsSortAsTheFileSortsThem();
+    void foreignFileIsDroppedNotTrusted();
     void escapeWithOptionalFieldsStillWritesTheBlock();
     void escapeAndOkWaitForMandatoryFields();
     void mandatoryClockAndPercentRanges_data();
@@ -270,6 +271,24 @@ void TestObservationEntry::groupsSortAsTheFileSortsThem()
     // "CD1" is gone, and so are "CD12", "CD123", ...: the search gives up instead of hanging.
     QVERIFY(db->getCode(1).isEmpty());
     QVERIFY(db->getCode(99).isEmpty());
+}
+
+void TestObservationEntry::foreignFileIsDroppedNotTrusted()
+{
+    // A string list claiming four thousand million entries: decoding it would
+    // ask for all the memory there is.
+    const QString path = m_rig.unit.path(QStringLiteral("/opt/hbi/var/cddb"));
+    CDDatabase db(path);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[CD1]\ncode=B\nsentence=@Variant(\\0\\0\\0\\xb\\xff\\xff\\xff\\xff)\n");
+    file.close();
+    QVERIFY(db.getSentence(1).isEmpty());
+    QCOMPARE(db.getLength(), 0);
+    QVERIFY(!QFile::exists(path));
+    // What an operator types is kept, even when it looks like that.
+    db.addEntry(QStringLiteral("B"), QStringLiteral("@Variant(x)"));
+    QCOMPARE(db.getSentence(1), QStringLiteral("@Variant(x)"));
 }
 
 void TestObservationEntry::escapeWithOptionalFieldsStillWritesTheBlock()

@@ -3,6 +3,9 @@
 #include "core/singleton.h"
 #include "core/unitpaths.h"
 
+#include <QDebug>
+#include <QFile>
+#include <QRegularExpression>
 #include <QSettings>
 
 namespace {
@@ -13,6 +16,12 @@ const QString kCodeKey = QStringLiteral("/code");
 const QString kSentenceKey = QStringLiteral("/sentence");
 // The number-appending search of getCode(int) has no end of its own.
 constexpr int kMaxCodeTries = 64;
+// Only strings are ever written here; one that starts with "@" is written "@@".
+bool holdsSerialisedValue(const QByteArray &content)
+{
+    static const QRegularExpression serialised(QStringLiteral("=\\s*@Variant\\("));
+    return serialised.match(QString::fromLatin1(content)).hasMatch();
+}
 
 QString groupName(int number)
 {
@@ -25,6 +34,17 @@ CDDatabase *CDDatabase::instance()
 {
     static CDDatabase *theInstance = nullptr;
     return Singleton<CDDatabase>::instance(theInstance, unitPath(kDatabaseFile));
+}
+
+std::unique_ptr<QSettings> CDDatabase::openDatabase() const
+{
+    QFile file(m_db_file);
+    if (file.open(QIODevice::ReadOnly) && holdsSerialisedValue(file.readAll())) {
+        qWarning().noquote() << "Continuous-defect file" << m_db_file << "was not written by the console; cleared";
+        file.close();
+        QFile::remove(m_db_file);
+    }
+    return std::make_unique<QSettings>(m_db_file, QSettings::IniFormat);
 }
 
 CDDatabase::CDDatabase(QString path) : m_db_file(std::move(path))
@@ -40,11 +60,11 @@ CDDatabase::~CDDatabase()
 int CDDatabase::addEntry(QString code, QString sentence)
 {
     ++m_current_index;
-    QSettings db(m_db_file, QSettings::IniFormat);
-    db.beginGroup(groupName(m_current_index));
-    db.setValue(QStringLiteral("code"), code);
-    db.setValue(QStringLiteral("sentence"), sentence);
-    db.endGroup();
+    const std::unique_ptr<QSettings> db = openDatabase();
+    db->beginGroup(groupName(m_current_index));
+    db->setValue(QStringLiteral("code"), code);
+    db->setValue(QStringLiteral("sentence"), sentence);
+    db->endGroup();
     return 1;
 }
 
@@ -55,21 +75,19 @@ int CDDatabase::removeEntry(int number)
 
 int CDDatabase::removeEntry(QString group)
 {
-    QSettings db(m_db_file, QSettings::IniFormat);
-    db.remove(group);
+    openDatabase()->remove(group);
     return 1;
 }
 
 void CDDatabase::reset()
 {
-    QSettings db(m_db_file, QSettings::IniFormat);
-    db.clear();
+    openDatabase()->clear();
     m_current_index = 0;
 }
 
 QStringList CDDatabase::getAllDefects() const
 {
-    return QSettings(m_db_file, QSettings::IniFormat).childGroups();
+    return openDatabase()->childGroups();
 }
 
 int CDDatabase::getLength() const
@@ -84,12 +102,12 @@ QString CDDatabase::getSentence(int number) const
 
 QString CDDatabase::getSentence(QString group) const
 {
-    return QSettings(m_db_file, QSettings::IniFormat).value(group + kSentenceKey, QString()).toString();
+    return openDatabase()->value(group + kSentenceKey, QString()).toString();
 }
 
 QString CDDatabase::getCode(QString group) const
 {
-    return QSettings(m_db_file, QSettings::IniFormat).value(group + kCodeKey, QString()).toString();
+    return openDatabase()->value(group + kCodeKey, QString()).toString();
 }
 
 // Kept search: on a miss the next number is appended to the key already built
@@ -97,10 +115,10 @@ QString CDDatabase::getCode(QString group) const
 // a wrong one from hanging the console.
 QString CDDatabase::getCode(int number) const
 {
-    const QSettings db(m_db_file, QSettings::IniFormat);
+    const std::unique_ptr<QSettings> db = openDatabase();
     QString group = groupName(number);
     for (int tries = 0; tries < kMaxCodeTries; ++tries) {
-        const QString code = db.value(group + kCodeKey, QString()).toString();
+        const QString code = db->value(group + kCodeKey, QString()).toString();
         if (!code.isEmpty())
             return code;
         group += QString::number(++number);

@@ -3,6 +3,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+class QSettings;
+
 // The continuous defects open in the running section, each with what is needed
 // to write its closing observation later: one group "CD<n>" per defect in an
 // INI file, with its code and the entered values joined by ",".
@@ -33,6 +37,11 @@ public:
     QString getCode(int number) const;
 
 private:
+    // The file as settings. A file this class did not write (one holding
+    // serialised Qt values, whose decoding trusts the lengths it reads) is
+    // dropped first: open defects are lost, the console is not.
+    std::unique_ptr<QSettings> openDatabase() const;
+
     int m_current_index = 0;
     QString m_db_file;
 };
