@@ -1,38 +1,37 @@
 #include "app/controller.h"
 
-#include "core/consolesettings.h"
+#include "app/coilerdistance.h"
 #include "app/iclock.h"
-#include "app/ihelpscreen.h"
 #include "app/imainwindow.h"
 #include "app/isplashscreen.h"
-#include "app/istatus.h"
-#include "app/ivideoscreen.h"
+#include "app/screenshot.h"
+#include "app/screenstack.h"
+#include "app/serviceabsent.h"
+#include "core/consolesettings.h"
 #include "core/processcontroller.h"
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
 #include "instrument/clockcontrol.h"
 #include "instrument/microcontroller.h"
+#include "settings/istatus.h"
 #include "storage/externalstorage.h"
 #include "storage/storagebase.h"
+#include "survey/corvane/corvanecontroller.h"
+#include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
 #include "video/audio.h"
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDebug>
-#include <QDir>
 #include <QFile>
-#include <QImage>
 #include <QKeyEvent>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QStyle>
 #include <QTimer>
-#include <cmath>
 #include <cstdio>
 
 namespace {
@@ -43,26 +42,11 @@ constexpr int kTiltBlankMs = 2000;
 constexpr int kShutdownDelayMs = 2000;
 constexpr int kProgressTickMs = 10;
 constexpr int kBacklightStep = 6;
-constexpr int kFramebufferWidth = 800;
-constexpr int kFramebufferHeight = 600;
-constexpr int kFramebufferBytes = kFramebufferWidth * kFramebufferHeight * 4;
-constexpr float kFeetPerMetre = 3.28f;
-constexpr double kCountsPerUnit = 40.0;
-const char kDefaultMeterage[] = "0.76";
-
-void logServiceAbsent(const char *service)
-{
-    qInfo() << service << "is not available in this build - going on without it";
-}
 } // namespace
 
 Controller *Controller::create(IMainWindow *window, QObject *parent)
 {
-    static QMutex mutex;
-    QMutexLocker lock(&mutex);
-    if (!s_instance)
-        s_instance = new Controller(window, parent);
-    return s_instance;
+    return Singleton<Controller>::instance(s_instance, window, parent);
 }
 
 Controller *Controller::instance()
@@ -70,7 +54,8 @@ Controller *Controller::instance()
     return s_instance;
 }
 
-Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), m_window(window)
+Controller::Controller(IMainWindow *window, QObject *parent)
+    : QObject(parent), m_window(window), m_screens(new ScreenStack(window))
 {
     QCoreApplication::setOrganizationName(QStringLiteral("Harbinger Instruments Ltd"));
     QCoreApplication::setApplicationName(QStringLiteral("Sewer Console"));
@@ -94,10 +79,13 @@ Controller::Controller(IMainWindow *window, QObject *parent) : QObject(parent), 
     m_window->selectScreen(kScreenSplash);
     connect(this, SIGNAL(sendKeyPress(QKeyEvent &)), m_window->widget(), SLOT(handleComment(QKeyEvent &)));
     logSystemVersion();
-    connect(SurveyManager::instance(), &SurveyManager::updateCounter, this, &Controller::setCounter);
+    connect(SurveyManager::instance(), &SurveyManager::updateCounter, this, &Controller::setCounterText);
 
     logServiceAbsent("Wi-Fi");
-    audio::instance(this)->init();
+    audio *headset = audio::instance(this);
+    connect(headset, &audio::detectStarted, SurveyManager::instance(), &SurveyManager::headsetDetectStarted);
+    connect(headset, &audio::finished, SurveyManager::instance(), &SurveyManager::headsetDetectFinished);
+    headset->init();
     init_micro();
 
     m_startup_timer = new QTimer(this);
@@ -157,7 +145,18 @@ void Controller::createServices()
     storage = ExternalStorage::instance(this);
     connect(storage, &ExternalStorage::saveto_device_changed, this, [this] { storage->update(); });
     SurveyManager::instance(m_window->videoScreen(), this);
+    connectSurveyScreens();
+    SurveyManager::instance()->answerCameraWarnings(CameraController::instance()->warnings());
     storage->init();
+}
+
+void Controller::connectSurveyScreens()
+{
+    CorvaneController *corvane = CorvaneController::instance();
+    connect(corvane, &CorvaneController::selectSiteInfoScreen, this, &Controller::selectSiteInfoScreen);
+    connect(corvane, &CorvaneController::selectWRCSiteInfoScreen, this, &Controller::selectWRCSiteInfoScreen);
+    connect(corvane, &CorvaneController::selectWRCRunInfoScreen, this, &Controller::selectWRCRunInfoScreen);
+    connect(corvane, &CorvaneController::selectEngNoteScreen, this, &Controller::selectEngNoteScreen);
 }
 
 void Controller::logSystemVersion()
@@ -221,36 +220,22 @@ void Controller::initialise_shortcuts()
     m_set_counter = addShortcut(QKeySequence(Qt::CTRL | Qt::Key_M), SLOT(setCounterSC()));
 }
 
-void Controller::timeDisplay()
-{
-    emit timeShortcutTriggered();
-}
-
-void Controller::dateDisplay()
-{
-    emit dateShortcutTriggered();
-}
-
-void Controller::graphicsDisplay()
-{
-    emit graphicsShortcutTriggered();
-}
-
-void Controller::setCounterSC()
-{
-    emit setCounterShortcutTriggered();
-}
-
-void Controller::cameraControlDisplay()
-{
-    emit cameraShortcutTriggered();
-}
+void Controller::timeDisplay() { emit timeShortcutTriggered(); }
+void Controller::dateDisplay() { emit dateShortcutTriggered(); }
+void Controller::graphicsDisplay() { emit graphicsShortcutTriggered(); }
+void Controller::setCounterSC() { emit setCounterShortcutTriggered(); }
+void Controller::cameraControlDisplay() { emit cameraShortcutTriggered(); }
 
 // ---- Screens ---------------------------------------------------------------
 
 int Controller::currentScreen() const
 {
-    return m_window->screen();
+    return m_screens->current();
+}
+
+QStack<int> Controller::screenStack() const
+{
+    return m_screens->stack();
 }
 
 void Controller::selectVideoScreen() { pushScreen(kScreenVideo); }
@@ -269,87 +254,12 @@ void Controller::selectWRCRunInfoScreen() { pushScreen(kScreenWRCRunInfo); }
 
 void Controller::pushScreen(int n)
 {
-    const int current = currentScreen();
-    if (current == n)
-        return;
-    if (configureScreen(n))
-        m_screenStack.push(current);
+    m_screens->push(n);
 }
 
 void Controller::popScreen()
 {
-    int n = kScreenVideo;
-    if (m_screenStack.isEmpty())
-        qInfo() << "Screen stack is empty";
-    else
-        n = m_screenStack.pop();
-    // The splash and login pages are never gone back to.
-    if (n < kScreenLogin || n > kScreenWRCRunInfo)
-        n = kScreenVideo;
-    if (n != currentScreen() && !configureScreen(n))
-        qInfo() << "Screen pop failed!!!!";
-}
-
-QString Controller::helpPageFor(const QString &firstPage, const QString &language) const
-{
-    if (firstPage.contains(language))
-        return firstPage;
-    const QString page = unitPath(QStringLiteral("/opt/hbi/languages/%1/help/index.html").arg(language));
-    if (QFile::exists(page))
-        return page;
-    return unitPath(QStringLiteral("/opt/hbi/languages/en-GB/help/index.html"));
-}
-
-bool Controller::configureScreen(int n)
-{
-    IVideoScreen *video = m_window->videoScreen();
-    const bool recording = video && video->isRecording();
-    switch (n) {
-    case kScreenSplash:
-    case kScreenLogin:
-        break;
-    case kScreenVideo:
-        SurveyManager::instance()->handleAction(SurveyManager::kActionStart, 0);
-        m_screenStack.clear();
-        break;
-    case kScreenReport:
-        if (recording) {
-            qInfo() << "Can't show report while recording!";
-            return false;
-        }
-        logServiceAbsent("Report manager");
-        break;
-    case kScreenHelp: {
-        ConsoleSettings settings;
-        const QString language = ConsoleSettings::languageCode();
-        const QString page =
-            helpPageFor(settings.value(QStringLiteral("Help/FirstPage"), QStringLiteral("en-GB")).toString(), language);
-        settings.setValue(QStringLiteral("Help/FirstPage"), page);
-        if (IHelpScreen *help = m_window->helpScreen())
-            help->setPage(page);
-        break;
-    }
-    case kScreenSettings:
-    case kScreenDiagnostics:
-    case kScreenSiteInfo:
-    case kScreenRunInfo:
-    case kScreenWCProjectInfo:
-    case kScreenWCSectionInfo:
-    case kScreenWCSectionInfo2:
-    case kScreenEngNote:
-    case kScreenWRCSiteInfo:
-    case kScreenWRCRunInfo:
-        if (recording) {
-            qInfo() << "Can't select while recording!";
-            return false;
-        }
-        break;
-    default:
-        qInfo() << "Unrecognised screen value - ignoring";
-        return false;
-    }
-    m_window->selectScreen(n);
-    return true;
+    m_screens->pop();
 }
 
 void Controller::setSettingsScreen(int tab)
@@ -422,54 +332,18 @@ void Controller::zeroCounter()
     m_micro->zeroCounter();
 }
 
-bool Controller::counterTextToCounts(const QString &text, float meterage, bool imperial, int *counts)
-{
-    bool ok = false;
-    float distance = text.toFloat(&ok);
-    if (!ok)
-        return false;
-    if (distance == 0.0f) {
-        *counts = 0;
-        return true;
-    }
-    if (imperial) {
-        // Feet with the inches written after the point: 32.10 is 32 ft 10 in.
-        const float whole = std::trunc(distance);
-        const float inches = distance - whole;
-        distance = (whole + inches / 0.12f) / kFeetPerMetre;
-    }
-    const float scaled = static_cast<float>(static_cast<int>(distance * kCountsPerUnit));
-    *counts = static_cast<int>(scaled / (2 * meterage));
-    return true;
-}
-
-float Controller::countsToDistance(long counts, float meterage, bool imperial)
-{
-    double distance = (2 * meterage / kCountsPerUnit) * counts;
-    if (imperial) {
-        distance *= kFeetPerMetre;
-        const double whole = std::trunc(distance);
-        distance = whole + (distance - whole) * 0.12;
-    }
-    return static_cast<float>(distance);
-}
-
-float Controller::storedMeterage(const QSettings &settings)
-{
-    // A value below 0.01 (or unreadable) counts as unset: a zero would divide the counts away.
-    const float meterage =
-        settings.value(QStringLiteral("Coiler/Meterage"), QString::fromLatin1(kDefaultMeterage)).toFloat();
-    return meterage < 0.01f ? QString::fromLatin1(kDefaultMeterage).toFloat() : meterage;
-}
-
 void Controller::setCounter()
 {
+    setCounterText(ConsoleSettings().value(QStringLiteral("counter/text"), QStringLiteral("0.00")).toString());
+}
+
+void Controller::setCounterText(const QString &text)
+{
     ConsoleSettings settings;
-    const QString text = settings.value(QStringLiteral("counter/text"), QStringLiteral("0.00")).toString();
-    const float meterage = storedMeterage(settings);
+    const float meterage = CoilerDistance::storedMeterage(settings);
     const bool imperial = settings.value(QStringLiteral("Coiler/Imperial"), false).toBool();
     int counts = 0;
-    if (!counterTextToCounts(text, meterage, imperial, &counts))
+    if (!CoilerDistance::counterTextToCounts(text, meterage, imperial, &counts))
         return;
     m_micro->setCounter(counts);
 }
@@ -477,9 +351,9 @@ void Controller::setCounter()
 float Controller::counter()
 {
     ConsoleSettings settings;
-    m_coiler_meterage = storedMeterage(settings);
+    m_coiler_meterage = CoilerDistance::storedMeterage(settings);
     const bool imperial = settings.value(QStringLiteral("Coiler/Imperial"), false).toBool();
-    return countsToDistance(m_micro->getCounter(), m_coiler_meterage, imperial);
+    return CoilerDistance::countsToDistance(m_micro->getCounter(), m_coiler_meterage, imperial);
 }
 
 void Controller::setFGCalibration()
@@ -523,11 +397,19 @@ void Controller::setMicroVersion(QString version)
     handlePowerBoardID(version);
 }
 
-void Controller::setBatteryVoltage(int millivolts)
+void Controller::toStatus(void (IStatus::*set)(int), int value)
 {
     if (IStatus *status = m_window->statusScreen())
-        status->setBatteryVoltage(millivolts);
+        (status->*set)(value);
 }
+
+void Controller::toVideoScreen(void (IVideoScreen::*set)(int), int value)
+{
+    if (IVideoScreen *video = m_window->videoScreen())
+        (video->*set)(value);
+}
+
+void Controller::setBatteryVoltage(int millivolts) { toStatus(&IStatus::setBatteryVoltage, millivolts); }
 
 void Controller::setBatteryCurrent(int milliamps)
 {
@@ -535,70 +417,20 @@ void Controller::setBatteryCurrent(int milliamps)
         status->setBatteryCurrent(static_cast<int16_t>(milliamps));
 }
 
-void Controller::setOverTempLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setOverTempLight(state);
-}
-
-void Controller::setUnderTempLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setUnderTempLight(state);
-}
-
-void Controller::setShockLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setShockLight(state);
-}
-
-void Controller::setHumLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setHumidityLight(state);
-}
-
-void Controller::setOverVoltLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setOverVoltLight(state);
-}
-
-void Controller::setUnderVoltLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setUnderVoltLight(state);
-}
-
-void Controller::setTamperLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setTamperLight(state);
-}
-
-void Controller::setServiceLight(int state)
-{
-    if (IStatus *status = m_window->statusScreen())
-        status->setServiceLight(state);
-}
-
-void Controller::setBatteryLevel(int level)
-{
-    if (IVideoScreen *video = m_window->videoScreen())
-        video->setBatteryLevel(level);
-}
-
-void Controller::setBatteryChargingStates(int state)
-{
-    if (IVideoScreen *video = m_window->videoScreen())
-        video->setChargingState(state);
-}
+void Controller::setOverTempLight(int state) { toStatus(&IStatus::setOverTempLight, state); }
+void Controller::setUnderTempLight(int state) { toStatus(&IStatus::setUnderTempLight, state); }
+void Controller::setShockLight(int state) { toStatus(&IStatus::setShockLight, state); }
+void Controller::setHumLight(int state) { toStatus(&IStatus::setHumidityLight, state); }
+void Controller::setOverVoltLight(int state) { toStatus(&IStatus::setOverVoltLight, state); }
+void Controller::setUnderVoltLight(int state) { toStatus(&IStatus::setUnderVoltLight, state); }
+void Controller::setTamperLight(int state) { toStatus(&IStatus::setTamperLight, state); }
+void Controller::setServiceLight(int state) { toStatus(&IStatus::setServiceLight, state); }
+void Controller::setBatteryLevel(int level) { toVideoScreen(&IVideoScreen::setBatteryLevel, level); }
+void Controller::setBatteryChargingStates(int state) { toVideoScreen(&IVideoScreen::setChargingState, state); }
 
 void Controller::displayLampBrightness(int level)
 {
-    if (IVideoScreen *video = m_window->videoScreen())
-        video->displayLampBrightness(level * 100 / 255);
+    toVideoScreen(&IVideoScreen::displayLampBrightness, level * 100 / 255);
 }
 
 void Controller::displayBacklight(int level)
@@ -731,37 +563,7 @@ void Controller::quit()
 
 void Controller::takeScreenshot()
 {
-    QFile framebuffer(unitPath(QStringLiteral("/dev/fb0")));
-    QByteArray data;
-    if (framebuffer.open(QIODevice::ReadOnly))
-        data = framebuffer.readAll();
-    if (data.isEmpty()) {
-        qInfo().noquote() << QStringLiteral("No data read from:") + framebuffer.fileName();
-        return;
-    }
-    if (data.size() != kFramebufferBytes) {
-        qInfo().noquote() << QStringLiteral("Unexpected size ") + QString::number(data.size());
-        return;
-    }
-    QString folder;
-    for (const char *name : {"USB1", "USB2", "USB0"}) {
-        folder = storagebase->nameToPath(QString::fromLatin1(name));
-        if (!folder.isEmpty())
-            break;
-        qInfo().noquote() << QStringLiteral("No ") + QLatin1String(name);
-    }
-    if (folder.isEmpty())
-        return;
-    folder = unitPath(folder) + QStringLiteral("/screenshots");
-    QDir().mkpath(folder);
-    QString name = QDateTime::currentDateTime().toString(Qt::TextDate);
-    for (const char *separator : {" ", ":", ".", "-"})
-        name.replace(QString::fromLatin1(separator), QStringLiteral("_"));
-    const QImage image(reinterpret_cast<const uchar *>(data.constData()), kFramebufferWidth, kFramebufferHeight,
-                       QImage::Format_ARGB32);
-    const QString path = folder + QLatin1Char('/') + name + QStringLiteral(".png");
-    if (!image.save(path, "PNG"))
-        qInfo().noquote() << QStringLiteral("Save failed ") + path;
+    Screenshot::take(storagebase);
 }
 
 void Controller::showCameraSettings()

@@ -3,8 +3,11 @@
 #include <QObject>
 #include <QStack>
 #include <QString>
+#include <memory>
 
 class IMainWindow;
+class IStatus;
+class IVideoScreen;
 class ProcessController;
 class StorageBase;
 class ExternalStorage;
@@ -12,9 +15,12 @@ class ClockControl;
 class Microcontroller;
 class QKeyEvent;
 class QProcess;
-class QSettings;
 class QShortcut;
 class QTimer;
+class ScreenStack;
+
+template <typename T>
+class Singleton;
 
 // The process-wide centre: owns the instrument link and long-lived services,
 // walks start-up, holds the stack of screens and its rules, forwards power-board
@@ -48,18 +54,12 @@ public:
     QString settingsFile() const { return m_settingsFilename; }
     bool getPowerBoardID() const { return powerBoardType; }
     int currentScreen() const;
-    QStack<int> screenStack() const { return m_screenStack; }
+    QStack<int> screenStack() const;
 
-    // Distance arithmetic of the coiler counter: the board counts encoder pulses,
-    // the operator sees metres, or feet with the inches written as the fraction.
-    static bool counterTextToCounts(const QString &text, float meterage, bool imperial, int *counts);
-    static float countsToDistance(long counts, float meterage, bool imperial);
     // Old (false) or new (true) power board, from the version text it reports.
     static bool isNewPowerBoard(const QString &version);
     // The backlight level the ambient light sensor's reading calls for.
     static int backlightForAmbientLight(int level);
-    // Coiler/Meterage, with a value below 0.01 taken as the default 0.76.
-    static float storedMeterage(const QSettings &settings);
 
 signals:
     void counterSelected(bool);
@@ -104,6 +104,8 @@ public slots:
     void toggleSonde();
     void zeroCounter();
     void setCounter();
+    // The distance the operator typed or reset, sent to the board as encoder counts.
+    void setCounterText(const QString &text);
     float counter();
     void setFGCalibration();
     void clearLog();
@@ -153,20 +155,24 @@ private slots:
     void cameraControlDisplay();
 
 private:
+    friend class Singleton<Controller>;
     Controller(IMainWindow *window, QObject *parent);
 
-    bool configureScreen(int n);
     void applyApplicationStyle();
     void runVgaScript();
     void createServices();
+    // The survey modes ask for their forms by signal.
+    void connectSurveyScreens();
     void logSystemVersion();
     void init_clock();
     void init_micro();
     void initialise_shortcuts();
     QShortcut *addShortcut(const QKeySequence &keys, const char *slot);
     void setBacklight(int level);
+    // Power-board events go to the screen that shows them, when it is built.
+    void toStatus(void (IStatus::*set)(int), int value);
+    void toVideoScreen(void (IVideoScreen::*set)(int), int value);
     void triggerBacklightUpdate();
-    QString helpPageFor(const QString &firstPage, const QString &language) const;
 
     ProcessController *process = nullptr;
     StorageBase *storagebase = nullptr;
@@ -177,7 +183,7 @@ private:
     IMainWindow *m_window = nullptr;
     QString m_settingsFilename;
     int m_backlight = 0;
-    QStack<int> m_screenStack;
+    std::unique_ptr<ScreenStack> m_screens;
     ClockControl *m_clock = nullptr;
     Microcontroller *m_micro = nullptr;
     bool m_lid_shut = false;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/iloginscreen.h"
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 
 class Controller;
 class QLabel;

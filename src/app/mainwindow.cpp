@@ -1,13 +1,14 @@
 #include "app/mainwindow.h"
 
 #include "app/controller.h"
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "app/login.h"
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 #include "app/splash.h"
 #include "core/uikeys.h"
 #include "core/unitpaths.h"
 #include "settings/settings.h"
+#include "survey/forms/baseinfo.h"
 #include "survey/forms/engineersnotes.h"
 #include "survey/forms/runinfo.h"
 #include "survey/forms/siteinfo.h"
@@ -123,6 +124,15 @@ void MainWindow::setController(Controller *controller)
     m_splash->setController(controller);
     m_login->setController(controller);
     m_video->setController(controller);
+    connectFormsTo(controller);
+}
+
+void MainWindow::connectFormsTo(Controller *controller)
+{
+    for (BaseInfo *form : m_stack->findChildren<BaseInfo *>(QString(), Qt::FindDirectChildrenOnly))
+        connect(form, &BaseInfo::selectVideoScreen, controller, &Controller::selectVideoScreen);
+    if (auto *notes = qobject_cast<engineersNotes *>(m_engNote))
+        connect(notes, &engineersNotes::selectVideoScreen, controller, &Controller::selectVideoScreen);
 }
 
 int MainWindow::pageCount() const

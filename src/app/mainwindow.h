@@ -54,6 +54,8 @@ protected:
 
 private:
     void buildPages();
+    // The survey forms ask to leave by signal; the screen controller decides.
+    void connectFormsTo(Controller *controller);
     PipeScreen *addPage(PipeScreen *page);
     PipeScreen *addPlaceholderPage(const QString &whatsThis);
     bool currentPageIsOneOf(std::initializer_list<PipeScreen *> pages) const;

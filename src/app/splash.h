@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/isplashscreen.h"
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 
 class Controller;
 class QLabel;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 
 class IStatus;
 class IClock;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/istatus.h"
+#include "settings/istatus.h"
 
 #include <QDate>
 #include <QWidget>

@@ -1,6 +1,6 @@
 #include "survey/surveycontroller.h"
 
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "survey/observationline.h"
 #include "survey/surveymanager.h"
 

@@ -30,6 +30,7 @@ public:
     bool isEnabled() const { return m_enabled; }
     void setEnabled(bool enabled);
     void setVideoScreen(IVideoScreen *video) { m_video = video; }
+    IVideoScreen *videoScreen() const { return m_video; }
     QString prjDirectory() const { return m_prj_directory; }
     QString directory() const { return m_directory; }
     // A project mode records only into an open section; the manager asks before

@@ -1,8 +1,10 @@
 #include "survey/surveymanager.h"
 
 #include "core/consolesettings.h"
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "core/unitpaths.h"
+#include "core/singleton.h"
+#include "instrument/camerawarnings.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
 #include "survey/corvane/corvanecontroller.h"
@@ -10,7 +12,6 @@
 #include "survey/corvane/wrcchain.h"
 #include "survey/observationline.h"
 #include "survey/wincan/wincandata.h"
-#include "video/audio.h"
 #include "widgets/hbimessagebox.h"
 #include "widgets/p_lineedit.h"
 
@@ -19,8 +20,6 @@
 #include <QFile>
 #include <QGridLayout>
 #include <QMetaEnum>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -67,12 +66,8 @@ SurveyManager::SurveyManager(IVideoScreen *video, QObject *parent) : QObject(par
 
 SurveyManager *SurveyManager::instance(IVideoScreen *video, QObject *parent)
 {
-    static QMutex mutex;
     static SurveyManager *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new SurveyManager(video, parent);
-    return theInstance;
+    return Singleton<SurveyManager>::instance(theInstance, video, parent);
 }
 
 void SurveyManager::registerController(SurveyType type, SurveyController *controller)
@@ -263,9 +258,7 @@ void SurveyManager::waitForHeadsetDetection()
 {
     audiorecordstatus = true;
     delayflag = false;
-    audio *detector = audio::instance();
-    // The detection in flight decides the audio mode the recording starts in.
-    while (!(delayflag = detector->detectFinished()))
+    while (!(delayflag = m_headsetDetectFinished))
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
@@ -528,7 +521,7 @@ void SurveyManager::setCounter(int item, QString meterage)
     if (item == 0)
         return;
     ConsoleSettings().setValue(QStringLiteral("counter/text"), meterage);
-    emit updateCounter();
+    emit updateCounter(meterage);
 }
 
 bool SurveyManager::checkProjectSize(QString path)
@@ -568,6 +561,13 @@ void SurveyManager::showNote(const QString &text)
 }
 
 // ---- Camera warning -------------------------------------------------------------
+
+void SurveyManager::answerCameraWarnings(CameraWarnings *warnings)
+{
+    connect(warnings, &CameraWarnings::warningRaised, this, [this, warnings](const QString &text, bool atex) {
+        warnings->answerWarning(showWarning(text, atex));
+    });
+}
 
 QString SurveyManager::showWarning(QString text, bool atex)
 {

@@ -6,12 +6,16 @@
 #include <QString>
 #include <QStringList>
 
+class CameraWarnings;
 class CorvaneController;
 class HBIMessageBox;
 class IVideoScreen;
 class QTimer;
 class SurveyController;
 class SurveyData;
+
+template <typename T>
+class Singleton;
 
 // Knows whether a survey runs and of which kind. Keys, the mobile link and the
 // camera warnings reach the survey through it; it picks the controller of the
@@ -82,6 +86,8 @@ public:
     // The blocking camera warning. Returns the box's answer as a number, or
     // with atex the passcode the operator typed.
     QString showWarning(QString text, bool atex);
+    // Camera warnings are shown in showWarning's box and answered from it.
+    void answerCameraWarnings(CameraWarnings *warnings);
     // The project directory of the current mode, with a trailing "/"; empty
     // in a basic survey.
     QString getDirectory();
@@ -97,6 +103,10 @@ public:
     void setAudioRecordStatus(bool flag) { audiorecordstatus = flag; }
 
 public slots:
+    // The headset detection in flight decides the audio mode a recording starts
+    // in, so a record attempt waits for it.
+    void headsetDetectStarted() { m_headsetDetectFinished = false; }
+    void headsetDetectFinished() { m_headsetDetectFinished = true; }
     bool checkProjectSize(QString path);
     void takeSnapshot(bool comment);
     void takeSnapshot();
@@ -108,9 +118,11 @@ public slots:
     bool stop();
 
 signals:
-    void updateCounter();
+    // The distance text just stored, for the power board's counter.
+    void updateCounter(const QString &text);
 
 private:
+    friend class Singleton<SurveyManager>;
     SurveyManager(IVideoScreen *video, QObject *parent);
 
     void handleRecord();
@@ -133,6 +145,7 @@ private:
     void takeSiteImage();
 
     bool delayflag = false;
+    bool m_headsetDetectFinished = true;
     bool audiorecordstatus = false;
     bool m_handlingRecord = false;
     IVideoScreen *m_video = nullptr;

@@ -17,8 +17,8 @@
 #include "widgets/indicators.h"
 #include "widgets/keypaddialog.h"
 #include "widgets/menudialog.h"
-#include "widgets/paramentrydialog.h"
 #include "widgets/messagedialog.h"
+#include "widgets/paramentrydialog.h"
 #include "widgets/textentrydialog.h"
 
 #include <QDateTime>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/keyhold.h"
-#include "app/ivideoscreen.h"
-#include "app/pipescreen.h"
+#include "survey/ivideoscreen.h"
+#include "widgets/pipescreen.h"
 
 #include <QImage>
 #include <QKeyEvent>

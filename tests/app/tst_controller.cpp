@@ -1,6 +1,8 @@
 #include "core/consolesettings.h"
+#include "app/coilerdistance.h"
 #include "app/controller.h"
 #include "storage/storagebase.h"
+#include "survey/surveymanager.h"
 #include "support/fakemainwindow.h"
 #include "support/fakevideoscreen.h"
 #include "support/logcapture.h"
@@ -177,7 +179,7 @@ private slots:
         QFETCH(bool, ok);
         QFETCH(int, counts);
         int result = -1;
-        QCOMPARE(Controller::counterTextToCounts(text, meterage, imperial, &result), ok);
+        QCOMPARE(CoilerDistance::counterTextToCounts(text, meterage, imperial, &result), ok);
         QCOMPARE(result, counts);
     }
 
@@ -196,8 +198,8 @@ private slots:
         QFETCH(int, counts);
         QFETCH(bool, imperial);
         QFETCH(float, distance);
-        QVERIFY2(qAbs(Controller::countsToDistance(counts, 0.76f, imperial) - distance) < 0.001f,
-                 qPrintable(QString::number(Controller::countsToDistance(counts, 0.76f, imperial))));
+        QVERIFY2(qAbs(CoilerDistance::countsToDistance(counts, 0.76f, imperial) - distance) < 0.001f,
+                 qPrintable(QString::number(CoilerDistance::countsToDistance(counts, 0.76f, imperial))));
     }
 
     void powerBoardType_data()
@@ -237,6 +239,20 @@ private slots:
         QFETCH(int, level);
         QFETCH(int, backlight);
         QCOMPARE(Controller::backlightForAmbientLight(level), backlight);
+    }
+
+    // The typed distance reaches the board by the signal itself, not by the settings file.
+    void counterTextGoesStraightToTheBoard()
+    {
+        ConsoleSettings().setValue("Coiler/Imperial", false);
+        ConsoleSettings().setValue("Coiler/Meterage", "0.76");
+        ConsoleSettings().setValue("counter/text", "1.00");
+        emit SurveyManager::instance()->updateCounter(QStringLiteral("5.00"));
+        int counts = 0;
+        QVERIFY(CoilerDistance::counterTextToCounts("5.00", 0.76f, false, &counts));
+        QCOMPARE(m_controller->counter(), CoilerDistance::countsToDistance(counts, 0.76f, false));
+        SurveyManager::instance()->handleAction(SurveyManager::kActionResetCounter, 0);
+        QCOMPARE(m_controller->counter(), 0.0f);
     }
 
     void boardEventsReachTheVideoScreen()

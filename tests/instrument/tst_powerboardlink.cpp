@@ -2,7 +2,7 @@
 // says reaches the video screen's indicators and the status screen, and the
 // board's shutdown request ends the session.
 #include "app/controller.h"
-#include "app/istatus.h"
+#include "settings/istatus.h"
 #include "support/fakemainwindow.h"
 #include "support/fakevideoscreen.h"
 #include "support/testunit.h"

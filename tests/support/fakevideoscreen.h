@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 
 #include <QStringList>
 

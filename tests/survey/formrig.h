@@ -6,7 +6,7 @@
 // save questions, and the keypad.
 #include "app/controller.h"
 #include "app/mainwindow.h"
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 #include "core/uikeys.h"
 #include "support/testunit.h"
 #include "storage/externalstorage.h"

@@ -6,6 +6,7 @@
 
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/corvane/corvanedata.h"
+#include "survey/corvane/corvanequestions.h"
 
 #include <QSettings>
 
@@ -120,20 +121,20 @@ void TestCorvaneFlow::recordSection()
 
 void TestCorvaneFlow::answerStartQuestions()
 {
-    m_ostra->handleSurveyedBy(1, QStringLiteral("Jo Pike"));
-    m_ostra->handleStartNode(1, QStringLiteral("MH1"));
-    m_ostra->handleInvertDepth(1, QStringLiteral("1.2"));
-    m_ostra->handleMaterial(2);
-    m_ostra->handlePipeSize(1, QStringLiteral("150"));
-    m_ostra->handleWaterLevel(1, QStringLiteral("10"));
-    m_ostra->handleFlowDirection(1);
+    m_ostra->questions()->handleSurveyedBy(1, QStringLiteral("Jo Pike"));
+    m_ostra->questions()->handleStartNode(1, QStringLiteral("MH1"));
+    m_ostra->questions()->handleInvertDepth(1, QStringLiteral("1.2"));
+    m_ostra->questions()->handleMaterial(2);
+    m_ostra->questions()->handlePipeSize(1, QStringLiteral("150"));
+    m_ostra->questions()->handleWaterLevel(1, QStringLiteral("10"));
+    m_ostra->questions()->handleFlowDirection(1);
 }
 
 void TestCorvaneFlow::stopSection(const QString &endNode)
 {
     m_rig.manager->handleAction(SurveyManager::kActionStop, 0);
-    m_ostra->handleEndNode(endNode.isEmpty() ? 0 : 1, endNode);
-    m_ostra->handleUsage(2);
+    m_ostra->questions()->handleEndNode(endNode.isEmpty() ? 0 : 1, endNode);
+    m_ostra->questions()->handleUsage(2);
     m_rig.screen.recording = false;
 }
 
@@ -235,19 +236,19 @@ void TestCorvaneFlow::startQuestionsFillTheSectionFile()
     QVERIFY(QFile::exists(section + QStringLiteral("/Snap0000.jpg")));
     QCOMPARE(lastShown(m_rig.screen), QStringLiteral("showTextEntry Surveyed By?\t\t||Press OK to Accept"));
 
-    m_ostra->handleSurveyedBy(1, QStringLiteral("Jo Pike"));
+    m_ostra->questions()->handleSurveyedBy(1, QStringLiteral("Jo Pike"));
     for (int escape = 0; escape < 2; ++escape) {
         QVERIFY(lastShown(m_rig.screen).startsWith(kStartNodeQuestion));
-        m_ostra->handleStartNode(0, QString());
+        m_ostra->questions()->handleStartNode(0, QString());
     }
     QVERIFY(lastShown(m_rig.screen).startsWith(kStartNodeQuestion));
-    m_ostra->handleStartNode(1, QStringLiteral("MH1"));
-    m_ostra->handleInvertDepth(1, QStringLiteral("1.2"));
-    m_ostra->handleMaterial(7);
-    m_ostra->handleOtherMaterial(1, QStringLiteral("Steel"));
-    m_ostra->handlePipeSize(0, QStringLiteral("ignored"));
-    m_ostra->handleWaterLevel(1, QStringLiteral("10"));
-    m_ostra->handleFlowDirection(1);
+    m_ostra->questions()->handleStartNode(1, QStringLiteral("MH1"));
+    m_ostra->questions()->handleInvertDepth(1, QStringLiteral("1.2"));
+    m_ostra->questions()->handleMaterial(7);
+    m_ostra->questions()->handleOtherMaterial(1, QStringLiteral("Steel"));
+    m_ostra->questions()->handlePipeSize(0, QStringLiteral("ignored"));
+    m_ostra->questions()->handleWaterLevel(1, QStringLiteral("10"));
+    m_ostra->questions()->handleFlowDirection(1);
 
     QVERIFY(m_rig.screen.calls.contains(QStringLiteral("showStatusBar |Start Point: MH1|Water Level: 10%")));
     QCOMPARE(m_rig.screen.calls.mid(m_rig.screen.calls.size() - 2),
@@ -288,11 +289,11 @@ void TestCorvaneFlow::endQuestions()
     m_rig.manager->handleAction(SurveyManager::kActionStop, 0);
     QCOMPARE(lastShown(m_rig.screen),
              QStringLiteral("showTextEntry Enter End Node Information (Mandatory)||Press OK to Accept"));
-    m_ostra->handleEndNode(endNode.isEmpty() ? 0 : 1, endNode);
+    m_ostra->questions()->handleEndNode(endNode.isEmpty() ? 0 : 1, endNode);
     QVERIFY(lastShown(m_rig.screen).startsWith(QLatin1String("showMenu Please enter the pipe's usage|Cancel|")));
-    m_ostra->handleUsage(usageRow);
+    m_ostra->questions()->handleUsage(usageRow);
     if (usageRow == 7)
-        m_ostra->handleOtherUsage(1, duty);
+        m_ostra->questions()->handleOtherUsage(1, duty);
 
     QCOMPARE(sectionValue(section, QStringLiteral("End")), endNode);
     QCOMPARE(sectionValue(section, QStringLiteral("Duty")), duty);
@@ -315,8 +316,8 @@ void TestCorvaneFlow::endSectionFromTheMenuAsksTheEndQuestions()
     QCOMPARE(lastShown(m_rig.screen),
              QStringLiteral("showDialogue Are you sure you want to stop the recording?|No|Yes"));
     m_ostra->menuEndSection(1);
-    m_ostra->handleEndNode(1, QStringLiteral("MH9"));
-    m_ostra->handleUsage(1);
+    m_ostra->questions()->handleEndNode(1, QStringLiteral("MH9"));
+    m_ostra->questions()->handleUsage(1);
     // With the end header on, the recording runs on under it until the header's time is up.
     QCOMPARE(m_rig.screen.calls.last(), QStringLiteral("createEndHeader"));
     QCOMPARE(m_rig.manager->status(), SurveyManager::Recording);

@@ -33,6 +33,7 @@ private slots:
 
     void basicSurveyFromRecordToStop();
     void recordIgnoredWhileScreenRecords();
+    void recordWaitsForTheHeadsetDetection();
     void stopWithEndHeaderWaitsForIt();
     void snapshotsAreNumberedInOrder();
     void siteImageWaitsForCounterToHide();
@@ -228,6 +229,22 @@ void TestSurveyManager::recordIgnoredWhileScreenRecords()
     QVERIFY(m_rig.surveyCalls().isEmpty());
 }
 
+void TestSurveyManager::recordWaitsForTheHeadsetDetection()
+{
+    m_rig.manager->headsetDetectStarted();
+    bool recordedBeforeTheEnd = true;
+    QTimer::singleShot(0, m_rig.manager, [this, &recordedBeforeTheEnd] {
+        recordedBeforeTheEnd = !m_rig.screen.calls.filter(QRegularExpression(QStringLiteral("^record "))).isEmpty();
+        m_rig.manager->headsetDetectFinished();
+    });
+    m_rig.manager->handleAction(SurveyManager::kActionRecord, 0);
+    QVERIFY(!recordedBeforeTheEnd);
+    QCOMPARE(m_rig.manager->status(), SurveyManager::Recording);
+    m_rig.screen.recording = true;
+    m_rig.manager->handleAction(SurveyManager::kActionStop, 0);
+    QCOMPARE(m_rig.manager->status(), SurveyManager::Idle);
+}
+
 void TestSurveyManager::stopWithEndHeaderWaitsForIt()
 {
     m_rig.manager->handleAction(SurveyManager::kActionRecord, 0);
@@ -352,6 +369,8 @@ void TestSurveyManager::counterKeysStoreTheText()
     m_rig.manager->setCounter(1, QStringLiteral("12.30"));
     QCOMPARE(ConsoleSettings().value(QStringLiteral("counter/text")).toString(), QStringLiteral("12.30"));
     QCOMPARE(updates.size(), 2);
+    QCOMPARE(updates.at(0).at(0).toString(), QStringLiteral("0.00"));
+    QCOMPARE(updates.at(1).at(0).toString(), QStringLiteral("12.30"));
 
     ConsoleSettings().setValue(QStringLiteral("Coiler/Imperial"), true);
     m_rig.manager->handleAction(SurveyManager::kActionSetCounter, 0);

@@ -1,11 +1,12 @@
 #include "survey/corvane/corvanecontroller.h"
 
 #include "core/consolesettings.h"
-#include "app/controller.h"
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "core/unitpaths.h"
+#include "core/singleton.h"
 #include "reports/corvaneexport.h"
 #include "storage/externalstorage.h"
+#include "survey/corvane/corvanequestions.h"
 #include "survey/corvane/corvanesurveyfiles.h"
 #include "survey/corvane/wrcchain.h"
 #include "survey/surveymanager.h"
@@ -17,8 +18,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QTimer>
 
@@ -28,32 +27,6 @@ const QString kClearCacheScript = QStringLiteral("clear_cache.sh");
 const QString kSiteImageFile = QStringLiteral("ReportSite.png");
 const QString kMapFile = QStringLiteral("ReportMap.png");
 const QString kProjectSuffix = QStringLiteral(".sur");
-
-// The last row of these two menus asks for the answer as text.
-constexpr int kOtherMaterialRow = 7;
-constexpr int kOtherUsageRow = 7;
-
-QStringList materialRows()
-{
-    return {CorvaneController::tr("Cancel"),         CorvaneController::tr("Vitrified Clay (VC)"),
-            CorvaneController::tr("Polyvinyl Chloride (PVC)"), CorvaneController::tr("Cast Iron (CI)"),
-            CorvaneController::tr("Concrete (CO)"),  CorvaneController::tr("Brick (BR)"),
-            CorvaneController::tr("Pitch Fibre (PF)"), CorvaneController::tr("Other (Z)")};
-}
-
-QStringList directionRows()
-{
-    return {CorvaneController::tr("Upstream (U)"), CorvaneController::tr("Downstream (D)"),
-            CorvaneController::tr("Unknown (Z)")};
-}
-
-QStringList usageRows()
-{
-    return {CorvaneController::tr("Cancel"),         CorvaneController::tr("Combined"),
-            CorvaneController::tr("Foul"),           CorvaneController::tr("Storm"),
-            CorvaneController::tr("Trade Effulent"), CorvaneController::tr("Culverted Watercourse"),
-            CorvaneController::tr("Subsoil or Field Drainage"), CorvaneController::tr("Other")};
-}
 
 bool settingIsTrue(const QString &key)
 {
@@ -65,16 +38,6 @@ QString clockTimeFormat()
     return ConsoleSettings().value(QStringLiteral("Clock_mode"), QStringLiteral("0")).toInt() != 0
                ? QStringLiteral("hh:mm AP")
                : QStringLiteral("hh:mm");
-}
-
-// Forms and pages belong to the screen controller, which a bare survey (tests,
-// start-up before the screens exist) does not have.
-void selectScreen(void (Controller::*select)(), const char *name)
-{
-    if (Controller *control = Controller::instance())
-        (control->*select)();
-    else
-        qInfo() << "No screen controller to show" << name;
 }
 
 void runClearCache()
@@ -93,7 +56,11 @@ CorvaneController::CorvaneController(QObject *parent) : SurveyController(parent)
     connect(this, &SurveyController::newProject, this, &CorvaneController::handleNewProject);
     connect(this, &SurveyController::openProject, this, &CorvaneController::handleOpenProject);
     connect(this, &SurveyController::newSection, this, &CorvaneController::handleNewSection);
-    connect(this, &CorvaneController::enterEngNotesSig, this, &CorvaneController::selectEngineersNotes);
+    connect(this, &CorvaneController::enterEngNotesSig, this, &CorvaneController::selectEngNoteScreen);
+    m_questions = new CorvaneQuestions(this);
+    connect(m_questions, &CorvaneQuestions::startAnswered, this, &CorvaneController::beginSurvey);
+    connect(m_questions, &CorvaneQuestions::goodStop, this, &CorvaneController::goodStop);
+    connect(m_questions, &CorvaneQuestions::endAnswered, this, &CorvaneController::endSection);
     m_timer = new QTimer(this);
     m_timer->setSingleShot(true);
     m_timer->setInterval(kBeginNoteMs);
@@ -110,12 +77,8 @@ WrcChain *CorvaneController::wrcChain()
 
 CorvaneController *CorvaneController::instance(QObject *parent)
 {
-    static QMutex mutex;
     static CorvaneController *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new CorvaneController(parent);
-    return theInstance;
+    return Singleton<CorvaneController>::instance(theInstance, parent);
 }
 
 QString CorvaneController::projectFolderName()
@@ -298,9 +261,9 @@ void CorvaneController::handleStart()
 void CorvaneController::handleNewProject()
 {
     if (ConsoleSettings::isEnglishUk() && ConsoleSettings::wrcEnabled())
-        selectScreen(&Controller::selectWRCSiteInfoScreen, "the WRC project form");
+        emit selectWRCSiteInfoScreen();
     else
-        selectScreen(&Controller::selectSiteInfoScreen, "the project form");
+        emit selectSiteInfoScreen();
     m_sectionOpen = false;
 }
 
@@ -368,7 +331,7 @@ void CorvaneController::handleNewSection()
         return;
     SurveyManager::instance()->handleAction(SurveyManager::kActionResetCounter, 0);
     if (CorvaneExport::wrcFieldsWanted()) {
-        selectScreen(&Controller::selectWRCRunInfoScreen, "the WRC section form");
+        emit selectWRCRunInfoScreen();
         m_sectionOpen = true;
         return;
     }
@@ -435,18 +398,6 @@ void CorvaneController::updateEndNode(QString text)
 {
     m_surveyData.set(QStringLiteral("End"), text);
     saveSectionDatabase();
-}
-
-// The live value goes under the literal key "tag", not under `key`: the answers
-// of a recording change the section file only, and the next section starts from
-// the forms' values again. Operators rely on that.
-void CorvaneController::adjustSectionInformation(const QString &key, const QString &value)
-{
-    if (QFileInfo(m_directory).isDir())
-        CorvaneSurveyFiles::writeSectionValue(m_directory, key, value);
-    else
-        qInfo().noquote() << "No section folder for" << key << "=" << value;
-    m_surveyData.set(QStringLiteral("tag"), value);
 }
 
 // ---- Menus of an open project --------------------------------------------------
@@ -543,11 +494,6 @@ void CorvaneController::menuEndSection(int row)
         wrcChain()->closeAllContDefs();
 }
 
-void CorvaneController::selectEngineersNotes()
-{
-    selectScreen(&Controller::selectEngNoteScreen, "the engineer's notes");
-}
-
 void CorvaneController::endEngNotes()
 {
     button_push();
@@ -591,104 +537,15 @@ void CorvaneController::menuReportTransfer(int row)
         openOstraMenu(0);
 }
 
-// ---- Start questions ---------------------------------------------------------------
-
-void CorvaneController::setStatusItem(int item, const QString &text)
-{
-    if (item < 0 || item >= m_statusItems.size())
-        return;
-    m_statusItems[item] = text;
-    QStringList shown;
-    for (const QString &entry : qAsConst(m_statusItems)) {
-        if (!entry.isEmpty())
-            shown << entry;
-    }
-    if (m_video)
-        m_video->showStatusBar(QString(), shown);
-}
+// ---- Section questions -------------------------------------------------------------
 
 void CorvaneController::startostraPopUp()
 {
-    if (m_video)
-        m_video->dummyEscape();
-    m_statusItems = QStringList{QString(), QString()};
-    showTextEntry(tr("Surveyed By?\t\t"), SLOT(handleSurveyedBy(int,QString)));
+    m_questions->askStartQuestions();
 }
 
-void CorvaneController::handleSurveyedBy(int key, QString text)
+void CorvaneController::beginSurvey()
 {
-    if (key != 0)
-        adjustSectionInformation(QStringLiteral("SEngineer"), text);
-    showTextEntry(tr("Enter Start Node Information (Mandatory)"), SLOT(handleStartNode(int,QString)), true);
-}
-
-void CorvaneController::handleStartNode(int key, QString text)
-{
-    // The section is not filed without its start node: the question stays.
-    if (key == 0 || text.trimmed().isEmpty()) {
-        showTextEntry(tr("Enter Start Node Information (Mandatory)"), SLOT(handleStartNode(int,QString)), true);
-        return;
-    }
-    adjustSectionInformation(QStringLiteral("Start"), text);
-    setStatusItem(0, tr("Start Point: ") + text);
-    askInvertDepth();
-}
-
-void CorvaneController::askInvertDepth()
-{
-    showTextEntry(tr("Enter Start Node Invert Depth"), SLOT(handleInvertDepth(int,QString)));
-}
-
-void CorvaneController::handleInvertDepth(int key, QString text)
-{
-    if (key != 0)
-        adjustSectionInformation(QStringLiteral("Invert"), text);
-    showMenu(tr("Enter Pipe Material"), materialRows(), SLOT(handleMaterial(int)));
-}
-
-void CorvaneController::handleMaterial(int row)
-{
-    if (row == kOtherMaterialRow) {
-        showTextEntry(tr("Enter Pipe Material"), SLOT(handleOtherMaterial(int,QString)));
-        return;
-    }
-    if (row > 0 && row < kOtherMaterialRow)
-        adjustSectionInformation(QStringLiteral("Material"), materialRows().at(row));
-    askPipeSize();
-}
-
-void CorvaneController::handleOtherMaterial(int key, QString text)
-{
-    if (key != 0)
-        adjustSectionInformation(QStringLiteral("Material"), text);
-    askPipeSize();
-}
-
-void CorvaneController::askPipeSize()
-{
-    showTextEntry(tr("Enter Pipe Size"), SLOT(handlePipeSize(int,QString)));
-}
-
-void CorvaneController::handlePipeSize(int key, QString text)
-{
-    if (key != 0)
-        adjustSectionInformation(QStringLiteral("Size"), text);
-    showTextEntry(tr("Enter Water Level %"), SLOT(handleWaterLevel(int,QString)));
-}
-
-// The water level is for the picture only; no file keeps it.
-void CorvaneController::handleWaterLevel(int key, QString text)
-{
-    if (key != 0)
-        setStatusItem(1, tr("Water Level: ") + text + QLatin1Char('%'));
-    showMenu(tr("Enter Flow Direction"), directionRows(), SLOT(handleFlowDirection(int)));
-}
-
-void CorvaneController::handleFlowDirection(int row)
-{
-    const QStringList directions = directionRows();
-    if (row >= 0 && row < directions.size())
-        adjustSectionInformation(QStringLiteral("Direction"), directions.at(row));
     if (!m_video)
         return;
     m_video->createNewSurveyText();
@@ -696,46 +553,9 @@ void CorvaneController::handleFlowDirection(int row)
     m_timer->start();
 }
 
-// ---- End questions -------------------------------------------------------------------
-
 void CorvaneController::showOstraEndQuestions()
 {
-    showTextEntry(tr("Enter End Node Information (Mandatory)"), SLOT(handleEndNode(int,QString)), true);
-}
-
-// Unlike the start node, the end node may be skipped: a recording must be able to end.
-void CorvaneController::handleEndNode(int key, QString text)
-{
-    if (key != 0 && !text.trimmed().isEmpty()) {
-        adjustSectionInformation(QStringLiteral("End"), text);
-        setStatusItem(0, tr("End Point: ") + text);
-        emit goodStop();
-    }
-    askUsage();
-}
-
-void CorvaneController::askUsage()
-{
-    showMenu(tr("Please enter the pipe's usage"), usageRows(), SLOT(handleUsage(int)));
-}
-
-void CorvaneController::handleUsage(int row)
-{
-    if (row == kOtherUsageRow) {
-        showTextEntry(tr("Please enter the pipe's usage"), SLOT(handleOtherUsage(int,QString)));
-        return;
-    }
-    // "Cancel" is filed as the usage like any other row.
-    if (row >= 0 && row < kOtherUsageRow)
-        adjustSectionInformation(QStringLiteral("Duty"), usageRows().at(row));
-    endSection();
-}
-
-void CorvaneController::handleOtherUsage(int key, QString text)
-{
-    if (key != 0)
-        adjustSectionInformation(QStringLiteral("Duty"), text);
-    endSection();
+    m_questions->askEndQuestions();
 }
 
 void CorvaneController::endSection()

@@ -5,16 +5,20 @@
 
 #include <QStringList>
 
+class CorvaneQuestions;
 class QTimer;
 class WrcChain;
 
+template <typename T>
+class Singleton;
+
 // The ostra reporting mode: the mode key's menus, the life of a project
 // ("<site>.sur") and its sections ("section_<n>"), the questions asked at the
-// start and end of a recorded section, and the report triggers.
+// start and end of a recorded section (CorvaneQuestions), and the report triggers.
 //
-// Menus and questions are shown on the video screen; each answer comes back to
-// one of the slots below, as (row) from a menu or (key, text) from a text entry,
-// key 0 meaning Cancel or Escape.
+// Menus are shown on the video screen; each answer comes back to one of the
+// slots below, as (row) from a menu or (key, text) from a text entry, key 0
+// meaning Cancel or Escape. The section questions answer to CorvaneQuestions.
 class CorvaneController : public SurveyController
 {
     Q_OBJECT
@@ -40,6 +44,7 @@ public:
     // The standard question chains, started by the survey manager on Record and Stop.
     void startostraPopUp();
     void showOstraEndQuestions();
+    CorvaneQuestions *questions() const { return m_questions; }
     // The question chains of the WRC schema, on the current screen.
     WrcChain *wrcChain();
 
@@ -73,21 +78,6 @@ public slots:
     void openOstraMenu(int answer);
     void menuReportTransfer(int row);
 
-    // Start questions.
-    void handleSurveyedBy(int key, QString text);
-    void handleStartNode(int key, QString text);
-    void handleInvertDepth(int key, QString text);
-    void handleMaterial(int row);
-    void handleOtherMaterial(int key, QString text);
-    void handlePipeSize(int key, QString text);
-    void handleWaterLevel(int key, QString text);
-    void handleFlowDirection(int row);
-
-    // End questions.
-    void handleEndNode(int key, QString text);
-    void handleUsage(int row);
-    void handleOtherUsage(int key, QString text);
-
     void showInstructionsSlot();
     void closePopUp();
 
@@ -97,6 +87,11 @@ signals:
     void enterEngNotesSig();
     void closeMessageBox();
     void resizeFinished();
+    // The forms and pages belong to the screen controller, which takes these.
+    void selectSiteInfoScreen();
+    void selectWRCSiteInfoScreen();
+    void selectWRCRunInfoScreen();
+    void selectEngNoteScreen();
 
 protected:
     QString dbExt() const override { return QStringLiteral(".sdb"); }
@@ -106,9 +101,12 @@ private slots:
     void handleNewProject();
     void handleOpenProject();
     void handleNewSection();
-    void selectEngineersNotes();
+    // The start questions are answered: the note to begin, closed by itself after a while.
+    void beginSurvey();
+    void endSection();
 
 private:
+    friend class Singleton<CorvaneController>;
     explicit CorvaneController(QObject *parent);
     static QString projectFolderName();
     void showSelectMenu(const QStringList &rows, const char *slot);
@@ -116,12 +114,6 @@ private:
     void showTextEntry(const QString &title, const char *slot, bool mandatory = false);
     void showNote(const QString &text, const char *slot = nullptr);
     void sendReturnToScreen();
-    void adjustSectionInformation(const QString &key, const QString &value);
-    void setStatusItem(int item, const QString &text);
-    void askInvertDepth();
-    void askPipeSize();
-    void askUsage();
-    void endSection();
     QString siteImageRow() const;
     QString mapRow() const;
     void showImageNote();
@@ -134,7 +126,6 @@ private:
     QTimer *m_timer = nullptr;
     bool mOstraInstruction = false;
     popup_type mPopupType = kStartmessage;
-    // What the status bar shows during a recording: the node and the water level.
-    QStringList m_statusItems{QString(), QString()};
+    CorvaneQuestions *m_questions = nullptr;
     WrcChain *m_wrc = nullptr;
 };

@@ -1,6 +1,6 @@
 #include "survey/corvane/wrcchain.h"
 
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "core/consolesettings.h"
 #include "survey/surveymanager.h"
 #include "survey/wincan/cddatabase.h"

@@ -1,7 +1,6 @@
 #include "survey/forms/baseinfo.h"
 
 #include "core/consolesettings.h"
-#include "app/controller.h"
 #include "core/uikeys.h"
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/surveydata.h"
@@ -135,7 +134,7 @@ void BaseInfo::keyReleaseEvent(QKeyEvent *event)
 void BaseInfo::okKeyTrapped()
 {
     saveFields();
-    selectVideoScreen();
+    emit selectVideoScreen();
 }
 
 void BaseInfo::nextInfo() {}
@@ -148,15 +147,7 @@ void BaseInfo::wincanKeyTrapped() {}
 
 void BaseInfo::escapeKeyTrapped()
 {
-    selectVideoScreen();
-}
-
-void BaseInfo::selectVideoScreen()
-{
-    if (Controller *control = Controller::instance())
-        control->selectVideoScreen();
-    else
-        qWarning() << "No controller to show the live picture after" << whatsThis();
+    emit selectVideoScreen();
 }
 
 QVBoxLayout *BaseInfo::buildFrame(const QString &title, const QString &keyPicture, const QString &keyHint)
@@ -267,13 +258,13 @@ void BaseInfo::abandonProject()
     CorvaneController *ostra = CorvaneController::instance();
     ostra->setEnabled(false);
     ostra->cvStopped();
-    selectVideoScreen();
+    emit selectVideoScreen();
 }
 
 void BaseInfo::closeSection()
 {
     CorvaneController::instance()->setSectionOpen(false);
-    selectVideoScreen();
+    emit selectVideoScreen();
 }
 
 void BaseInfo::saveSectionAndContinue()

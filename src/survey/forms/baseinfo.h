@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 
 #include <QString>
 #include <QStringList>
@@ -48,6 +48,8 @@ public slots:
 
 signals:
     void send(QString tag, QString value);
+    // The form is done with: the screen controller goes back to the live picture.
+    void selectVideoScreen();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -65,7 +67,6 @@ protected:
 
     // The black-on-yellow question before a form is saved; true on "Yes".
     bool confirmSave(const QString &title, const QString &question);
-    void selectVideoScreen();
     static SurveyData *surveyData();
     static int readClockMode();
 

@@ -1,6 +1,5 @@
 #include "survey/forms/engineersnotes.h"
 
-#include "app/controller.h"
 #include "core/uikeys.h"
 #include "survey/forms/baseinfo.h"
 #include "survey/corvane/corvanecontroller.h"
@@ -165,10 +164,7 @@ void engineersNotes::keyReleaseEvent(QKeyEvent *event)
 
 void engineersNotes::leave()
 {
-    if (Controller *control = Controller::instance())
-        control->selectVideoScreen();
-    else
-        qWarning() << "No controller to show the live picture after the engineer's notes";
+    emit selectVideoScreen();
     emit closed();
 }
 

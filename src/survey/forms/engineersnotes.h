@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 
 #include <QString>
 
@@ -31,6 +31,8 @@ public:
     static QString decode(const QByteArray &bytes);
 
 signals:
+    // The page is done with: the screen controller goes back to the live picture.
+    void selectVideoScreen();
     void closed();
 
 protected:

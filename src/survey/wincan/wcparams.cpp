@@ -1,6 +1,6 @@
 #include "survey/wincan/wcparams.h"
 
-#include "app/ivideoscreen.h"
+#include "survey/ivideoscreen.h"
 #include "core/consolesettings.h"
 #include "survey/observationline.h"
 #include "survey/surveymanager.h"

@@ -1,4 +1,4 @@
-#include "app/pipescreen.h"
+#include "widgets/pipescreen.h"
 
 #include "core/unitpaths.h"
 
