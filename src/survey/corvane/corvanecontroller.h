@@ -8,6 +8,7 @@
 class CorvaneQuestions;
 class QTimer;
 class WrcChain;
+class exportPDF;
 
 template <typename T>
 class Singleton;
@@ -65,6 +66,7 @@ public slots:
     void exportProject();
     void exportAsPDF();
     void finishResize(QString path);
+    void showReportProgress(QString text);
     void stop();
 
     // Menu answers.
@@ -115,6 +117,7 @@ private:
     void showNote(const QString &text, const char *slot = nullptr);
     void sendReturnToScreen();
     QString siteImageRow() const;
+    QString reportFile() const;
     QString mapRow() const;
     void showImageNote();
 
@@ -122,6 +125,8 @@ private:
     QString m_cv_path;
     QStringList m_cv_projects;
     QString inputReportPath;
+    // The report being made; the converter's end deletes it.
+    exportPDF *PDF = nullptr;
     // Closes the "Please begin the survey" note unless the section ended first.
     QTimer *m_timer = nullptr;
     bool mOstraInstruction = false;
