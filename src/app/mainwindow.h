@@ -9,6 +9,7 @@
 
 class Controller;
 class PipeScreen;
+class Report;
 class Splash;
 class Login;
 class Settings;
@@ -86,7 +87,7 @@ private:
     Splash *m_splash = nullptr;
     Login *m_login = nullptr;
     Video *m_video = nullptr;
-    PipeScreen *m_report = nullptr;
+    Report *m_report = nullptr;
     Settings *m_settings = nullptr;
     PipeScreen *m_diagnostics = nullptr;
     PipeScreen *m_help = nullptr;
