@@ -2,6 +2,7 @@
 
 #include "app/browser/report.h"
 #include "app/controller.h"
+#include "core/backgroundprocess.h"
 #include "survey/ivideoscreen.h"
 #include "app/login.h"
 #include "widgets/pipescreen.h"
@@ -68,11 +69,15 @@ MainWindow::MainWindow(QWidget *parent)
     setWindowTitle(QStringLiteral("Corvane - Sewer Console"));
     qInfo() << "Mobile app link is not available in this build - going on without it";
 
-    QProcess fbset;
-    fbset.start(unitPath(QStringLiteral("/usr/sbin/fbset")), {QStringLiteral("srd10")});
-    fbset.waitForFinished(-1);
+    setDisplayMode();
 
     connect(qApp, &QApplication::focusChanged, this, &MainWindow::focusChanged);
+}
+
+// Nothing drawn depends on the mode being in place yet, so start-up does not wait for it.
+void MainWindow::setDisplayMode()
+{
+    startInBackground(unitPath(QStringLiteral("/usr/sbin/fbset")), {QStringLiteral("srd10")}, this);
 }
 
 MainWindow::~MainWindow()

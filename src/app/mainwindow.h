@@ -55,6 +55,7 @@ protected:
 
 private:
     void buildPages();
+    void setDisplayMode();
     // The survey forms ask to leave by signal; the screen controller decides.
     void connectFormsTo(Controller *controller);
     PipeScreen *addPage(PipeScreen *page);

@@ -45,6 +45,8 @@ public:
 
     bool isValid() const { return m_slave != -1; }
     QString slavePath() const { return m_slavePath; }
+    // Non-blocking; for writers that keep the line full.
+    int masterFd() const { return m_master; }
 
     bool linkAt(const QString &path) const
     {
@@ -60,7 +62,7 @@ public:
 
     // What the console sent, collected until at least `atLeast` bytes came or
     // the time ran out, plus whatever follows within a short grace period.
-    QByteArray read(int atLeast, int timeoutMs = 2000, int graceMs = 30) const
+    QByteArray read(int atLeast, int timeoutMs = 10000, int graceMs = 30) const
     {
         QByteArray got;
         QElapsedTimer clock;
