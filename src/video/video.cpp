@@ -6,6 +6,7 @@
 #include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
 #include "reports/corvaneexport.h"
+#include "reports/wrcexport.h"
 #include "survey/surveydata.h"
 #include "video/camera.h"
 #include "video/overlay.h"
@@ -305,6 +306,7 @@ void Video::handleVideoRecordingComplete()
     case SurveyManager::kSurveyType_CORVANE:
         // Kept current after every recording, not only when the project is finalised.
         CorvaneExport(directory, QString()).startExport();
+        WRCExport::exportIfWanted(directory);
         break;
     default:
         break;
