@@ -25,8 +25,9 @@ const QString kSchemaInstance = QStringLiteral("http://www.w3.org/2001/XMLSchema
 const QString kProjectFile = QStringLiteral(".project.sdb");
 const QString kSectionFile = QStringLiteral("/.section.sdb");
 const QString kObservationFile = QStringLiteral("/.observations.sdb");
-const QString kError = QStringLiteral("ERROR");
 const QString kRemark = QStringLiteral("REM");
+// What a missing field shows in the file, so the office sees it was never given.
+constexpr char kError[] = "ERROR";
 
 // Distances beyond what the schema's field holds are written as its largest value.
 constexpr double kLongestDistance = 999.9;
@@ -58,27 +59,27 @@ const HeaderField kHeaderFields[] = {
     {"Client", Source::kProject, "Project/Client", "", Rule::kRequired, false, false},
     {"NameOfSurveyor", Source::kProject, "Project/Operator", "", Rule::kRequired, false, false},
     {"ClientsJobRef", Source::kProject, "Project/Reference", "", Rule::kRequired, false, false},
-    {"PipelineLengthRef", Source::kSection, "Section/PipelineRef", "ERROR", Rule::kAlways, true, false},
-    {"Date", Source::kSection, "Section/Date", "ERROR", Rule::kAlways, false, false},
-    {"Time", Source::kSection, "Section/Time", "ERROR", Rule::kAlways, false, false},
-    {"LocationStreet", Source::kProject, "Project/Address", "ERROR", Rule::kAlways, true, false},
-    {"LocationTown", Source::kProject, "Project/TownName", "ERROR", Rule::kAlways, true, false},
-    {"StartNodeRef", Source::kSection, "Section/Start", "ERROR", Rule::kAlways, true, false},
-    {"Node1Ref", Source::kSection, "Section/Start", "ERROR", Rule::kAlways, true, false},
+    {"PipelineLengthRef", Source::kSection, "Section/PipelineRef", kError, Rule::kAlways, true, false},
+    {"Date", Source::kSection, "Section/Date", kError, Rule::kAlways, false, false},
+    {"Time", Source::kSection, "Section/Time", kError, Rule::kAlways, false, false},
+    {"LocationStreet", Source::kProject, "Project/Address", kError, Rule::kAlways, true, false},
+    {"LocationTown", Source::kProject, "Project/TownName", kError, Rule::kAlways, true, false},
+    {"StartNodeRef", Source::kSection, "Section/Start", kError, Rule::kAlways, true, false},
+    {"Node1Ref", Source::kSection, "Section/Start", kError, Rule::kAlways, true, false},
     {"DepthAtStartNode", Source::kSection, "Section/Invert", "", Rule::kIfNumber, false, false},
-    {"FinishNodeRef", Source::kSection, "Section/End", "ERROR", Rule::kAlways, true, false},
+    {"FinishNodeRef", Source::kSection, "Section/End", kError, Rule::kAlways, true, false},
     {"DepthAtFinishNode", Source::kSection, "Section/EDepth", "", Rule::kIfNumber, false, false},
     {"TypeOfDrainSewer", Source::kSection, "Section/Type", "", Rule::kIfPresent, false, true},
-    {"Direction", Source::kSection, "Section/Direction", "ERROR", Rule::kAlways, false, true},
+    {"Direction", Source::kSection, "Section/Direction", kError, Rule::kAlways, false, true},
     {"UseOfDrainSewer", Source::kSection, "Section/Duty", "", Rule::kIfNotBlank, true, true},
     {"Shape", Source::kSection, "Section/Shape", "", Rule::kIfNotBlank, true, true},
     {"Material", Source::kSection, "Section/Material", "", Rule::kRequired, true, true},
     {"LiningMaterial", Source::kSection, "Section/LiningMaterial", "", Rule::kIfPresent, true, true},
-    {"Precleaned", Source::kSection, "Section/Precleaned", "ERROR", Rule::kAlways, false, true},
-    {"GeneralRemarks", Source::kSection, "Section/Comments", "ERROR", Rule::kRequired, true, false},
+    {"Precleaned", Source::kSection, "Section/Precleaned", kError, Rule::kAlways, false, true},
+    {"GeneralRemarks", Source::kSection, "Section/Comments", kError, Rule::kRequired, true, false},
     {"FlowControlMeasures", Source::kSection, "Section/Flow", "", Rule::kIfPresent, false, true},
     {"Weather", Source::kProject, "Project/Weather", "", Rule::kIfPresent, false, true},
-    {"MethodOfInspection", Source::kSection, "Section/Method", "ERROR", Rule::kAlways, false, true},
+    {"MethodOfInspection", Source::kSection, "Section/Method", kError, Rule::kAlways, false, true},
 };
 
 // Characters XML 1.0 cannot carry at all; a stray control byte in a remark or a
@@ -395,9 +396,8 @@ QString WRCExport::videoReference() const
 
 QString WRCExport::distanceInMetres() const
 {
-    double metres = mObsDistance.toDouble();
-    if (mImperial)
-        metres = mObsDistance.trimmed().toDouble() * kMetresPerFoot;
+    const double recorded = mObsDistance.trimmed().toDouble();
+    double metres = mImperial ? recorded * kMetresPerFoot : recorded;
     if (!std::isfinite(metres))
         metres = 0.0;
     return oneDecimal(qMin(metres, kLongestDistance));
