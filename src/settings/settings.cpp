@@ -1,6 +1,7 @@
 #include "settings/settings.h"
 
 #include "instrument/cameracontroller.h"
+#include "settings/settingscloud.h"
 #include "settings/settingsstatus.h"
 #include "settings/settingssurvey.h"
 
@@ -16,6 +17,7 @@ Settings::Settings(QWidget *parent) : PipeScreen(parent)
     m_status->followCamera(CameraController::instance());
     tabs->addTab(m_survey, tr("Coiler and Camera"));
     tabs->addTab(m_status, tr("Status"));
+    tabs->addTab(new SettingsCloud(tabs), tr("Cloud"));
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
 }
