@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/controller.h"
+#include "app/helpscreen.h"
 #include "survey/ivideoscreen.h"
 #include "app/login.h"
 #include "widgets/pipescreen.h"
@@ -16,6 +17,8 @@
 #include "survey/forms/wrcsiteinfo.h"
 #include "survey/surveymanager.h"
 #include "video/video.h"
+#include "widgets/indicators.h"
+#include "widgets/wifiindicator.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -107,7 +110,8 @@ void MainWindow::buildPages()
     m_settings = new Settings(m_stack);
     addPage(m_settings);
     m_diagnostics = addPlaceholderPage(QStringLiteral("Diagnostics"));
-    m_help = addPlaceholderPage(QStringLiteral("Help Screen"));
+    m_help = new HelpScreen(m_stack);
+    addPage(m_help);
     m_siteInfo = addPage(titled(new SiteInfo(m_stack), QStringLiteral("Site Info Screen")));
     m_runInfo = addPage(titled(new RunInfo(m_stack), QStringLiteral("Run Info Screen")));
     m_wcProjectInfo = addPlaceholderPage(QStringLiteral("WinCan Project Info Screen"));
@@ -124,6 +128,7 @@ void MainWindow::setController(Controller *controller)
     m_splash->setController(controller);
     m_login->setController(controller);
     m_video->setController(controller);
+    connect(controller, &Controller::setActiveScreen, m_settings, &Settings::setActiveScreen);
     connectFormsTo(controller);
 }
 
@@ -172,7 +177,7 @@ ISplashScreen *MainWindow::splashScreen() { return m_splash; }
 ILoginScreen *MainWindow::loginScreen() { return m_login; }
 IReportScreen *MainWindow::reportScreen() { return nullptr; }
 IVideoScreen *MainWindow::videoScreen() { return dynamic_cast<IVideoScreen *>(m_video); }
-IHelpScreen *MainWindow::helpScreen() { return nullptr; }
+IHelpScreen *MainWindow::helpScreen() { return m_help; }
 IStatus *MainWindow::statusScreen() { return m_settings->statusScreen(); }
 IClock *MainWindow::clockScreen() { return m_settings->clockScreen(); }
 
@@ -386,6 +391,16 @@ void MainWindow::handleExternalControl(QString command)
 void MainWindow::handleComment(QKeyEvent &event)
 {
     keyReleaseEvent(&event);
+}
+
+void MainWindow::updateWifiIcon(int state)
+{
+    m_video->indicators()->wifi()->updateWifiIcon(state);
+}
+
+void MainWindow::setTethered(bool tethered)
+{
+    m_video->indicators()->wifi()->setTethered(tethered);
 }
 
 void MainWindow::updateOstraIcon(int state)

@@ -8,6 +8,7 @@
 #include <QVector>
 
 class Controller;
+class HelpScreen;
 class PipeScreen;
 class Splash;
 class Login;
@@ -43,6 +44,8 @@ public slots:
     void handleExternalControl(QString command);
     void handleComment(QKeyEvent &event);
     void updateOstraIcon(int state);
+    void updateWifiIcon(int state);
+    void setTethered(bool tethered);
     void mapTransferBox(bool ok);
     void openOstraMenu(int answer);
     void stopRecord();
@@ -89,7 +92,7 @@ private:
     PipeScreen *m_report = nullptr;
     Settings *m_settings = nullptr;
     PipeScreen *m_diagnostics = nullptr;
-    PipeScreen *m_help = nullptr;
+    HelpScreen *m_help = nullptr;
     PipeScreen *m_siteInfo = nullptr;
     PipeScreen *m_runInfo = nullptr;
     PipeScreen *m_wcProjectInfo = nullptr;
