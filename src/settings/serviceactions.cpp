@@ -17,11 +17,6 @@
 #include <unistd.h>
 
 namespace {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ServiceActions", text);
-}
-
 ServiceActions::Result done(bool ok, const QString &message)
 {
     qInfo().noquote() << "Service:" << message;

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 // What the service console does with a USB stick, apart from its screen. Every
 // action leaves the unit as it was when it fails, and says why in its message.
 class ServiceActions
 {
+    Q_DECLARE_TR_FUNCTIONS(ServiceActions)
+
 public:
     struct Result {
         bool ok = false;

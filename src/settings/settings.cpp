@@ -17,9 +17,9 @@
 
 namespace {
 const char *const kTabTitles[Settings::kTabCount] = {
-    QT_TR_NOOP("Coiler and Camera"), QT_TR_NOOP("Text and Graphics"), QT_TR_NOOP("General"),
-    QT_TR_NOOP("Clock"),             QT_TR_NOOP("WinCan"),            QT_TR_NOOP("Status"),
-    QT_TR_NOOP("Wi-Fi"),             QT_TR_NOOP("Service"),
+    QT_TRANSLATE_NOOP("Settings", "Coiler and Camera"), QT_TRANSLATE_NOOP("Settings", "Text and Graphics"), QT_TRANSLATE_NOOP("Settings", "General"),
+    QT_TRANSLATE_NOOP("Settings", "Clock"),             QT_TRANSLATE_NOOP("Settings", "WinCan"),            QT_TRANSLATE_NOOP("Settings", "Status"),
+    QT_TRANSLATE_NOOP("Settings", "Wi-Fi"),             QT_TRANSLATE_NOOP("Settings", "Service"),
 };
 } // namespace
 
