@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -80,10 +81,9 @@ void ServiceConsole::codeEntered(int key, QString code)
     m_result->setText(m_unlocked ? QString() : tr("Wrong service code"));
     qInfo() << "Service console" << (m_unlocked ? "unlocked" : "refused a wrong code");
     showLockState();
-    if (m_unlocked)
-        m_buttons.first()->setFocus();
-    else
-        setFocus();
+    // The code dialog hands the focus back as it closes; the first action takes it after that.
+    QWidget *next = m_unlocked ? static_cast<QWidget *>(m_buttons.first()) : this;
+    QTimer::singleShot(0, next, [next] { next->setFocus(); });
 }
 
 void ServiceConsole::run(int action)
