@@ -17,7 +17,7 @@
 
 namespace {
 const char *const kTabTitles[Settings::kTabCount] = {
-    QT_TRANSLATE_NOOP("Settings", "Coiler and Camera"), QT_TRANSLATE_NOOP("Settings", "Text and Graphics"), QT_TRANSLATE_NOOP("Settings", "General"),
+    QT_TRANSLATE_NOOP("Settings", "Coiler"), QT_TRANSLATE_NOOP("Settings", "Text and Graphics"), QT_TRANSLATE_NOOP("Settings", "General"),
     QT_TRANSLATE_NOOP("Settings", "Clock"),             QT_TRANSLATE_NOOP("Settings", "WinCan"),            QT_TRANSLATE_NOOP("Settings", "Status"),
     QT_TRANSLATE_NOOP("Settings", "Wi-Fi"),             QT_TRANSLATE_NOOP("Settings", "Service"),
 };

@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMovie>
 #include <QVBoxLayout>
@@ -67,7 +68,8 @@ Wifi *settingsnetwork::wifi()
 void settingsnetwork::retranslate()
 {
     m_title->setText(tr("Wi-Fi Networks"));
-    m_hint->setText(tr("OK: join the network   R: scan again   D: disconnect   PgUp/PgDn: other tabs"));
+    m_hint->setText(tr("OK: join the network   R: scan again   D: disconnect   S: %1 password   PgUp/PgDn: other tabs")
+                        .arg(m_showPassword ? tr("Hide") : tr("Show")));
     showStatus();
 }
 
@@ -195,6 +197,9 @@ void settingsnetwork::joinSelected()
     const QString last = ConsoleSettings().value(QLatin1String(kPasswordKey)).toString();
     m_passwordDialog = new TextEntryDialog(this, this, SLOT(passwordEntered(int, QString)), tr("Enter Password:"),
                                            m_chosen, last);
+    // Gloved typing on the keypad is easier to check with the letters showing.
+    if (auto *edit = m_passwordDialog->findChild<QLineEdit *>())
+        edit->setEchoMode(m_showPassword ? QLineEdit::Normal : QLineEdit::Password);
     m_passwordDialog->setModal(true);
     m_passwordDialog->show();
     m_passwordDialog->setFocus();
@@ -251,7 +256,7 @@ bool settingsnetwork::eventFilter(QObject *watched, QEvent *event)
             QCoreApplication::sendEvent(this, event);
             return true;
         }
-        if (key == Qt::Key_R || key == Qt::Key_D || key == Qt::Key_Return || key == Qt::Key_Enter) {
+        if (key == Qt::Key_R || key == Qt::Key_D || key == Qt::Key_S || key == Qt::Key_Return || key == Qt::Key_Enter) {
             keyPressEvent(static_cast<QKeyEvent *>(event));
             return true;
         }
@@ -271,6 +276,10 @@ void settingsnetwork::keyPressEvent(QKeyEvent *event)
         return;
     case Qt::Key_D:
         wifi()->disconnect();
+        return;
+    case Qt::Key_S:
+        m_showPassword = !m_showPassword;
+        retranslate();
         return;
     default:
         QWidget::keyPressEvent(event);

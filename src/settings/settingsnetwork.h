@@ -13,7 +13,8 @@ class Wifi;
 
 // The Wi-Fi page of the settings screen: the networks in range with their
 // strength, the one joined marked. Return on a network asks for its password and
-// joins it; R scans again, D leaves the network joined.
+// joins it; R scans again, D leaves the network joined, S shows or hides the
+// password as it is typed.
 class settingsnetwork : public QWidget
 {
     Q_OBJECT
@@ -33,6 +34,7 @@ public:
     QString statusText() const;
     bool isConnecting() const;
     TextEntryDialog *passwordDialog() const { return m_passwordDialog; }
+    bool showsPassword() const { return m_showPassword; }
 
 public slots:
     void updateWifiList(QString list, QString ssid, bool changed, bool good);
@@ -65,4 +67,5 @@ private:
     QString m_chosen;
     bool m_connecting = false;
     bool m_scanFailed = false;
+    bool m_showPassword = true;
 };

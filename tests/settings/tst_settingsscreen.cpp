@@ -14,6 +14,8 @@
 #include "widgets/p_lineedit.h"
 #include "widgets/p_pushbutton.h"
 
+#include <QTabBar>
+#include <QTabWidget>
 #include <QtTest>
 
 namespace {
@@ -263,6 +265,21 @@ private slots:
         QCOMPARE(m_screen->activeTab(), int(Settings::kTabText));
         m_screen->setActiveScreen(99);
         QCOMPARE(m_screen->activeTab(), int(Settings::kTabText));
+    }
+
+    void everyTabFitsTheScreen()
+    {
+        // Each tab as the operator sees it, kept for a human to look at.
+        const QString folder = TestUnit::artifactsDir(QStringLiteral("tst_settingsscreen"));
+        auto *tabs = m_screen->findChild<QTabWidget *>();
+        QVERIFY2(tabs->tabBar()->sizeHint().width() <= tabs->width(), "every tab title shows without scrolling");
+        for (int tab = 0; tab < Settings::kTabCount; ++tab) {
+            m_screen->setActiveScreen(tab);
+            QWidget *page = m_screen->findChild<QTabWidget *>()->currentWidget();
+            QVERIFY2(page->minimumSizeHint().height() <= page->height(), qPrintable(m_screen->tabTitle(tab)));
+            if (!folder.isEmpty())
+                m_screen->grab().save(QStringLiteral("%1/tab%2.png").arg(folder).arg(tab));
+        }
     }
 
     void cleanupTestCase()
