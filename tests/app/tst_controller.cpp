@@ -1,6 +1,7 @@
 #include "core/consolesettings.h"
 #include "app/coilerdistance.h"
 #include "app/controller.h"
+#include "connectivity/wifi.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
 #include "support/fakemainwindow.h"
@@ -318,10 +319,14 @@ private slots:
 
     void shutdownWarnsThenRunsTheScript()
     {
+        // Joined to a network: the unit leaves it and forgets it on the way down.
+        Wifi::instance()->processInfo("wlan0  ESSID:\"Depot Office\"\n  Link Quality=60/70\n  inet 192.168.1.23");
         QSignalSpy warned(m_controller, &Controller::shutdownMessage);
         LogCapture capture;
         m_controller->systemShutdown();
         QCOMPARE(warned.count(), 1);
+        QVERIFY(Wifi::instance()->isShutdown());
+        QTRY_VERIFY_WITH_TIMEOUT(m_unit->kitLog().filter("disconnect and forget").size() == 1, 10000);
         QVERIFY(capture.contains("Shutdown Requested"));
         QVERIFY(!QFile::exists(m_unit->path("/var/hbi/shutdown-requested")));
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_unit->path("/var/hbi/shutdown-requested")), 5000);
