@@ -10,6 +10,7 @@
 #include "connectivity/wifi.h"
 #include "core/consolesettings.h"
 #include "core/processcontroller.h"
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "instrument/cameracontroller.h"
 #include "instrument/clockcontrol.h"
@@ -27,8 +28,6 @@
 #include <QDebug>
 #include <QFile>
 #include <QKeyEvent>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QShortcut>
@@ -48,11 +47,7 @@ constexpr int kBacklightStep = 6;
 
 Controller *Controller::create(IMainWindow *window, QObject *parent)
 {
-    static QMutex mutex;
-    QMutexLocker lock(&mutex);
-    if (!s_instance)
-        s_instance = new Controller(window, parent);
-    return s_instance;
+    return Singleton<Controller>::instance(s_instance, window, parent);
 }
 
 Controller *Controller::instance()
@@ -152,6 +147,7 @@ void Controller::createServices()
     connect(storage, &ExternalStorage::saveto_device_changed, this, [this] { storage->update(); });
     SurveyManager::instance(m_window->videoScreen(), this);
     connectSurveyScreens();
+    SurveyManager::instance()->answerCameraWarnings(CameraController::instance()->warnings());
     storage->init();
 }
 

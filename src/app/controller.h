@@ -19,6 +19,9 @@ class QShortcut;
 class QTimer;
 class ScreenStack;
 
+template <typename T>
+class Singleton;
+
 // The process-wide centre: owns the instrument link and long-lived services,
 // walks start-up, holds the stack of screens and its rules, forwards power-board
 // events to the screens and carries out shutdown.
@@ -152,6 +155,7 @@ private slots:
     void cameraControlDisplay();
 
 private:
+    friend class Singleton<Controller>;
     Controller(IMainWindow *window, QObject *parent);
 
     void applyApplicationStyle();

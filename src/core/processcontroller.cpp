@@ -1,19 +1,15 @@
 #include "core/processcontroller.h"
 
+#include "core/singleton.h"
+
 #include <QDebug>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QTimer>
 
 ProcessController *ProcessController::instance(QObject *parent)
 {
-    static QMutex mutex;
     static ProcessController *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new ProcessController(parent);
-    return theInstance;
+    return Singleton<ProcessController>::instance(theInstance, parent);
 }
 
 ProcessController::ProcessController(QObject *parent) : QObject(parent)

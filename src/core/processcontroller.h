@@ -7,6 +7,9 @@
 
 class QTimer;
 
+template <typename T>
+class Singleton;
+
 // Runs external commands one at a time, in the order they were added, each with
 // a time limit, and hands back what they printed.
 class ProcessController : public QObject
@@ -43,6 +46,7 @@ private:
         bool isFree() const { return command.isEmpty(); }
     };
 
+    friend class Singleton<ProcessController>;
     explicit ProcessController(QObject *parent);
     static int nextIndex(int index) { return (index + 1) % num_processes; }
 

@@ -7,6 +7,16 @@
 
 // Process-wide objects are built on first use and live until their Qt parent
 // goes. The lock only matters when two threads race for the first call.
+//
+//     Foo *Foo::instance(QObject *parent)
+//     {
+//         static Foo *theInstance = nullptr;
+//         return Singleton<Foo>::instance(theInstance, parent);
+//     }
+//
+// The slot stays with the class, so a class that must forget its object (the
+// controller does when it is destroyed) can clear it. A private constructor
+// needs `friend class Singleton<Foo>;`.
 template <typename T>
 class Singleton
 {

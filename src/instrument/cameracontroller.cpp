@@ -1,95 +1,66 @@
 #include "instrument/cameracontroller.h"
 
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "instrument/cameraeventlog.h"
-#include "survey/surveymanager.h"
+#include "instrument/camerawarnings.h"
 
-#include <QCoreApplication>
-#include <QDateTime>
 #include <QDebug>
-#include <QFile>
-#include <QMutex>
-#include <QMutexLocker>
-#include <QTextStream>
-#include <QScopedValueRollback>
-#include <QEventLoop>
 #include <QTimer>
 
 namespace {
-constexpr int kPassCodePollMs = 50;
-QString coilerTableFile()
-{
-    return unitPath(QStringLiteral("/opt/hbi/tables/coiler_table.txt"));
-}
-
-QString cameraTableFile()
-{
-    return unitPath(QStringLiteral("/opt/hbi/tables/camera_table.txt"));
-}
-
 QString cameraLogFile()
 {
     return unitPath(QStringLiteral("/opt/hbi/hwlogs/camera.log"));
 }
-const char kDateFormat[] = "dd,MM,yyyy";
-// The camera accepts the operator's pass code by reporting this override state;
-// "01" is the state in which its pressure alarms count.
-const char kOverrideAccepted[] = "02";
-const char kOverrideArmed[] = "01";
 
 constexpr int kRequestPeriodMs = 1000;
 constexpr int kReadyPeriodMs = 2000;
 constexpr int kShortTimeoutMs = 1000;
 constexpr int kLongTimeoutMs = 5000;
-// The camera table's thresholds are given at the board's nominal supply; the
-// replies come 3 % low.
-constexpr double kCurrentScale = 0.97;
 constexpr int kInfoLastStep = 8;
 constexpr int kStatusSondeStep = 6;
 constexpr int kStatusPassStep = 7;
 constexpr int kStatusDoneStep = 9;
 
-// Lines of a table file that split into at least `fields` comma-separated fields.
-QList<QStringList> readTableRows(const QString &fileName, int fields, const char *failure)
-{
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        qWarning() << failure;
-        return {};
-    }
-    QList<QStringList> rows;
-    QTextStream in(&file);
-    while (!in.atEnd()) {
-        const QStringList row = in.readLine().split(QLatin1Char(','));
-        if (row.size() >= fields)
-            rows << row;
-    }
-    return rows;
-}
+// One step of a chain: what is asked and which reply answers it.
+struct ChainStep {
+    void (CameraController::*request)();
+    CameraController::CameraCommand reply;
+};
 
-int field(const QStringList &row, int index)
+using C = CameraController;
+// Step 8 of the information chain asks nothing: the chain waits for its timeout,
+// which is how the camera has always been given time before the status.
+const ChainStep kInformationSteps[] = {
+    {&C::getCamSerial, C::kCamSerial},       {&C::getCamFW, C::kCamFW},
+    {&C::getCamPart, C::kCamPart},           {&C::getCamHW, C::kCamHW},
+    {&C::getCamBoard, C::kCamBoard},         {&C::getCamManufactureDate, C::kCamManuf},
+    {&C::getCamMaintenanceDate, C::kCamMaintenance}, {&C::getSondeFrequency, C::kCamSondeFrequency},
+};
+const ChainStep kStatusSteps[] = {
+    {&C::getCamCurrent, C::kCamCurrent}, {&C::getCamVolt, C::kCamVolt},
+    {&C::getCamTemp, C::kCamTemp},       {&C::getCamPressure, C::kCamPressure},
+    {&C::getCamOrientation, C::kCamOrientation}, {&C::getCamStatus, C::kCamStatus},
+};
+
+template <size_t N>
+const ChainStep *stepAt(const ChainStep (&steps)[N], int index)
 {
-    return row.at(index).trimmed().toInt();
+    return index >= 0 && size_t(index) < N ? &steps[index] : nullptr;
 }
 } // namespace
 
 CameraController *CameraController::instance(QObject *parent)
 {
-    static QMutex mutex;
     static CameraController *controller = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!controller)
-        controller = new CameraController(parent);
-    return controller;
+    return Singleton<CameraController>::instance(controller, parent);
 }
 
 CameraController::CameraController(QObject *parent)
     : QObject(parent)
     , eventLog(new CameraEventLog(cameraLogFile()))
-    , presenter([](const QString &text, bool atex) { return SurveyManager::instance()->showWarning(text, atex); })
-    , underPressureThreshold(170)
-    , overPressureThreshold(263)
-    , overTempThreshold(60)
+    , m_warnings(new CameraWarnings(this))
 {
     initCamera();
     ClearCameraLogs();
@@ -105,6 +76,11 @@ CameraController::CameraController(QObject *parent)
     timeoutTimer->setObjectName(QStringLiteral("cameraTimeoutTimer"));
     timeoutTimer->setSingleShot(true);
     timeoutTimer->setInterval(kLongTimeoutMs);
+
+    connect(m_warnings, &CameraWarnings::logEvent, this, &CameraController::UpdateCameraLogs);
+    connect(m_warnings, &CameraWarnings::sendAtexPass, this, &CameraController::sendAtexPass);
+    connect(m_warnings, &CameraWarnings::passStatusWanted, this, &CameraController::RequestPassStatus);
+    connect(m_warnings, &CameraWarnings::finished, this, &CameraController::warningFinished);
 }
 
 CameraController::~CameraController()
@@ -112,110 +88,49 @@ CameraController::~CameraController()
     delete eventLog;
 }
 
-void CameraController::setWarningPresenter(WarningPresenter replacement)
-{
-    presenter = std::move(replacement);
-}
-
 void CameraController::initCamera()
 {
     coilerType = kOld;
     coilerEQ = 0;
-    atexCompliant = false;
     warningState = kNoWarning;
     lastWarning = kNoWarning;
     sondeStatus = false;
     cameraType = kOld;
-    disconnectThreshold = lowerFaultThreshold = upperFaultThreshold = 0;
+    limits = CameraHealth::Limits();
     // 999 marks that no coiler has been recognised.
     pushrodLength = 999;
     coilerMeterage = 999.0f;
     coilerID = 1023;
-    coilerIDReceived = camCurrentReceived = camVoltReceived = camTempReceived = camPressureReceived = false;
-    camSerialReceived = camFWReceived = camPartReceived = camHWReceived = camBoardReceived = false;
-    camManufReceived = camMaintenanceReceived = camSondeFrequencyReceived = camOvrdStatusReceived = false;
-    camOrientationReceived = camStatusReceived = false;
+    coilerIDReceived = camOvrdStatusReceived = false;
     cameraSet = false;
     cameraReady = false;
-    camCurrent = camVolt = camTemp = camPressure1 = camPressure2 = 0;
-    camPart = camHW = camSondeFrequency = 0;
-    camOrientation[0] = camOrientation[1] = camOrientation[2] = 0;
-    camSerial.clear();
-    camBoard.clear();
-    camStatus.clear();
-    camFW = QStringLiteral("?.?.?");
-    camManuf = QDate(1994, 9, 13);
-    camMaintenance = QDate(2010, 11, 22);
+    cam = CameraReadings();
 }
 
 // ---- Tables ----------------------------------------------------------------
 
-void CameraController::ReadCoilerFile()
-{
-    coilerLookup.clear();
-    const QList<QStringList> rows = readTableRows(coilerTableFile(), 6,
-                                                  "Error could not read coiler table file!");
-    for (const QStringList &row : rows) {
-        CoilerTable entry;
-        entry.IDMin = field(row, 0);
-        entry.IDMax = field(row, 1);
-        entry.type = field(row, 2);
-        entry.pushrodLength = field(row, 3);
-        entry.meterage = row.at(4).trimmed().toFloat();
-        entry.EQ = field(row, 5);
-        coilerLookup << entry;
-    }
-}
-
-void CameraController::ReadCameraFile()
-{
-    cameraLookup.clear();
-    const QList<QStringList> rows = readTableRows(cameraTableFile(), 5,
-                                                  "Error could not read camera table file!");
-    for (const QStringList &row : rows) {
-        CameraTable entry;
-        const int hardware = field(row, 0);
-        entry.hwMin = hardware - 8;
-        entry.hwMax = hardware + 8;
-        entry.atexCompliant = field(row, 1);
-        entry.disconnectThreshold = int(row.at(2).trimmed().toFloat() / kCurrentScale);
-        entry.lowerFaultThreshold = int(row.at(3).trimmed().toFloat() / kCurrentScale);
-        entry.upperFaultThreshold = int(row.at(4).trimmed().toFloat() / kCurrentScale);
-        cameraLookup << entry;
-    }
-}
-
 void CameraController::ReadCoilerTable()
 {
-    for (const CoilerTable &entry : qAsConst(coilerLookup)) {
-        if (entry.IDMin <= coilerID && coilerID <= entry.IDMax) {
-            coilerType = entry.type == 1 ? kNew : kOld;
-            pushrodLength = entry.pushrodLength;
-            coilerMeterage = entry.meterage;
-            coilerEQ = entry.EQ;
-            cameraType = coilerType;
-            return;
-        }
+    if (const CoilerTable *entry = tables.coiler(coilerID)) {
+        coilerType = entry->type == 1 ? kNew : kOld;
+        pushrodLength = entry->pushrodLength;
+        coilerMeterage = entry->meterage;
+        coilerEQ = entry->EQ;
+    } else {
+        // An unknown coiler keeps the last length and calibration and runs as old type.
+        coilerType = kOld;
+        coilerEQ = 0;
     }
-    // An unknown coiler keeps the last length and calibration and runs as old type.
-    coilerType = kOld;
-    coilerEQ = 0;
     cameraType = coilerType;
 }
 
 void CameraController::ReadCameraTable()
 {
-    for (const CameraTable &entry : qAsConst(cameraLookup)) {
-        if (entry.hwMin <= camHW && camHW <= entry.hwMax) {
-            atexCompliant = entry.atexCompliant == 1;
-            disconnectThreshold = entry.disconnectThreshold;
-            lowerFaultThreshold = entry.lowerFaultThreshold;
-            upperFaultThreshold = entry.upperFaultThreshold;
-            return;
-        }
-    }
-    atexCompliant = false;
-    disconnectThreshold = lowerFaultThreshold = upperFaultThreshold = 0;
+    const CameraTable entry = tables.camera(cam.camHW);
+    limits.atexCompliant = entry.atexCompliant == 1;
+    limits.disconnectThreshold = entry.disconnectThreshold;
+    limits.lowerFaultThreshold = entry.lowerFaultThreshold;
+    limits.upperFaultThreshold = entry.upperFaultThreshold;
 }
 
 // ---- Entry points ----------------------------------------------------------
@@ -223,39 +138,18 @@ void CameraController::ReadCameraTable()
 void CameraController::ReceiveData(CameraCommand command, QString data)
 {
     switch (retfunc) {
-    case kCameraState:
-        ProcessCameraState(command);
-        break;
-    case kCameraType:
-        ProcessCameraType(command, data);
-        break;
-    case kCoilerType:
-        ProcessCoilerType(command, data);
-        break;
-    case kCoilerEQ:
-        ProcessCoilerEQ(command, data);
-        break;
-    case kCameraInfo:
-        ProcessCameraInfo(command, data);
-        break;
-    case kCameraStatus:
-        ProcessCameraStatus(command, data);
-        break;
-    case kSondeStatus:
-        ProcessSondeStatus(command, data);
-        break;
-    case kPassStatus:
-        ProcessPassStatus(command, data);
-        break;
+    case kCameraState: ProcessCameraState(command); break;
+    case kCameraType: ProcessCameraType(command, data); break;
+    case kCoilerType: ProcessCoilerType(command, data); break;
+    case kCoilerEQ: ProcessCoilerEQ(command, data); break;
+    case kCameraInfo: ProcessCameraInfo(command, data); break;
+    case kCameraStatus: ProcessCameraStatus(command, data); break;
+    case kSondeStatus: ProcessSondeStatus(command, data); break;
+    case kPassStatus: ProcessPassStatus(command, data); break;
     default:
         qInfo() << "Could not Process Function. End Camera Receive Data.";
         break;
     }
-}
-
-void CameraController::handlePowerBoardID(bool newBoard)
-{
-    powerBoardTypeValue = newBoard ? kNew : kOld;
 }
 
 void CameraController::enablePolling()
@@ -273,11 +167,13 @@ void CameraController::disablePolling()
 void CameraController::setVideoOn()
 {
     videoStream = true;
+    m_warnings->setCameraPresent(true);
 }
 
 void CameraController::setVideoOff()
 {
     videoStream = false;
+    m_warnings->setCameraPresent(false);
 }
 
 int CameraController::requestPeriod() const
@@ -295,7 +191,7 @@ void CameraController::SetSondeStatus()
 
 void CameraController::passCodeSent()
 {
-    passSent = true;
+    m_warnings->passCodeSent();
 }
 
 void CameraController::pointTimeoutAt(void (CameraController::*target)())
@@ -313,7 +209,7 @@ void CameraController::UpdateCameraState()
     retfunc = kCameraState;
     if (videoStream && cameraReady) {
         if (coilerType == kNew && powerBoardTypeValue == kNew) {
-            if (!camSondeFrequencyReceived)
+            if (!cam.camSondeFrequencyReceived)
                 UpdateCameraInfo();
             else
                 UpdateCameraStatus();
@@ -366,8 +262,7 @@ void CameraController::ProcessCameraType(CameraCommand command, const QString &d
             ReadCoilerTable();
         }
     } else if (currentCommand == 1 && command == kCamCurrent) {
-        camCurrent = data.trimmed().toInt();
-        camCurrentReceived = true;
+        cam.takeStatus(command, data);
     } else {
         return;
     }
@@ -416,13 +311,18 @@ void CameraController::ProcessCoilerEQ(CameraCommand command, const QString &dat
 
 // ---- Information chain: what the camera is ----------------------------------
 
+// Pressures not read in this cycle count as 0.
+void CameraController::startCameraChain()
+{
+    pointTimeoutAt(&CameraController::CalculateCameraState);
+    cam.camPressure1 = cam.camPressure2 = 0;
+    timeoutTimer->start(kLongTimeoutMs);
+}
+
 void CameraController::UpdateCameraInfo()
 {
-    if (currentCommand == 0) {
-        pointTimeoutAt(&CameraController::CalculateCameraState);
-        camPressure1 = camPressure2 = 0;
-        timeoutTimer->start(kLongTimeoutMs);
-    }
+    if (currentCommand == 0)
+        startCameraChain();
     if (currentCommand <= kInfoLastStep) {
         RequestCameraInfo();
         return;
@@ -435,114 +335,50 @@ void CameraController::UpdateCameraInfo()
 void CameraController::RequestCameraInfo()
 {
     retfunc = kCameraInfo;
-    switch (currentCommand) {
-    case 0: emit getCamSerial(); break;
-    case 1: emit getCamFW(); break;
-    case 2: emit getCamPart(); break;
-    case 3: emit getCamHW(); break;
-    case 4: emit getCamBoard(); break;
-    case 5: emit getCamManufactureDate(); break;
-    case 6: emit getCamMaintenanceDate(); break;
-    case 7: emit getSondeFrequency(); break;
-    // Step 8 asks nothing: the chain waits for its timeout, which is how the
-    // camera has always been given time between the information and the status.
-    default: break;
-    }
+    if (const ChainStep *step = stepAt(kInformationSteps, currentCommand))
+        (this->*step->request)();
 }
 
 void CameraController::ProcessCameraInfo(CameraCommand command, const QString &data)
 {
-    static const CameraCommand expected[] = {kCamSerial, kCamFW,   kCamPart,        kCamHW,
-                                             kCamBoard,  kCamManuf, kCamMaintenance, kCamSondeFrequency};
-    if (currentCommand < 0 || currentCommand > 7 || command != expected[currentCommand])
+    const ChainStep *step = stepAt(kInformationSteps, currentCommand);
+    if (!step || command != step->reply)
         return;
-    bool advance = true;
+    const int lastHardware = cam.camHW;
+    if (!cam.takeInformation(command, data))
+        return;
     switch (command) {
-    case kCamSerial: {
-        bool ok = false;
-        const qulonglong serial = data.trimmed().toULongLong(&ok, 16);
-        advance = ok;
-        if (ok) {
-            camSerial = QString::number(serial);
-            camSerialReceived = true;
-            emit newSerial(camSerial);
-        }
-        break;
-    }
-    case kCamFW:
-        camFW = data.trimmed();
-        camFWReceived = true;
-        emit newFW(camFW);
-        break;
-    case kCamPart:
-        camPart = data.trimmed().toInt();
-        camPartReceived = true;
-        emit newPart(camPart);
-        break;
-    case kCamHW: {
-        const int hardware = data.trimmed().toInt();
-        camHWReceived = true;
-        if (hardware != camHW) {
-            camHW = hardware;
+    case kCamSerial: emit newSerial(cam.camSerial); break;
+    case kCamFW: emit newFW(cam.camFW); break;
+    case kCamPart: emit newPart(cam.camPart); break;
+    case kCamHW:
+        if (cam.camHW != lastHardware)
             ReadCameraTable();
-        }
-        emit newHW(camHW);
+        emit newHW(cam.camHW);
         break;
+    case kCamBoard: emit newBoard(cam.camBoard); break;
+    case kCamManuf: emit newManuf(cam.camManuf); break;
+    case kCamMaintenance: CalculateServiceSchedule(); break;
+    case kCamSondeFrequency: emit newSondeFrequency(cam.camSondeFrequency); break;
+    default: break;
     }
-    case kCamBoard: {
-        const QString digits = data.trimmed();
-        bool ok = digits.size() == 24;
-        QStringList parts;
-        for (int i = 0; ok && i < 3; ++i)
-            parts << QString::number(digits.mid(i * 8, 8).toULongLong(&ok, 16));
-        advance = ok;
-        if (ok) {
-            camBoard = QStringLiteral("%1:%2:%3").arg(parts.at(0), parts.at(1), parts.at(2));
-            camBoardReceived = true;
-            emit newBoard(camBoard);
-        }
-        break;
-    }
-    case kCamManuf:
-        camManuf = QDate::fromString(data.trimmed(), QLatin1String(kDateFormat));
-        camManufReceived = true;
-        emit newManuf(camManuf);
-        break;
-    case kCamMaintenance:
-        camMaintenance = QDate::fromString(data.trimmed(), QLatin1String(kDateFormat));
-        camMaintenanceReceived = true;
-        CalculateServiceSchedule();
-        break;
-    case kCamSondeFrequency:
-        camSondeFrequency = data.trimmed().toInt();
-        camSondeFrequencyReceived = true;
-        emit newSondeFrequency(camSondeFrequency);
-        break;
-    default:
-        break;
-    }
-    if (!advance)
-        return;
     ++currentCommand;
     UpdateCameraInfo();
 }
 
 void CameraController::CalculateServiceSchedule()
 {
-    const QDate due = camMaintenance.addYears(1);
+    const QDate due = cam.camMaintenance.addYears(1);
     const bool overdue = QDate::currentDate() >= due;
-    emit newMaintenance(camMaintenance, overdue);
+    emit newMaintenance(cam.camMaintenance, overdue);
 }
 
 // ---- Status chain: how the camera is ------------------------------------------
 
 void CameraController::UpdateCameraStatus()
 {
-    if (currentCommand == 0) {
-        pointTimeoutAt(&CameraController::CalculateCameraState);
-        camPressure1 = camPressure2 = 0;
-        timeoutTimer->start(kLongTimeoutMs);
-    }
+    if (currentCommand == 0)
+        startCameraChain();
     if (currentCommand < kStatusSondeStep) {
         RequestCameraStatus();
     } else if (currentCommand == kStatusSondeStep) {
@@ -560,55 +396,20 @@ void CameraController::UpdateCameraStatus()
 void CameraController::RequestCameraStatus()
 {
     retfunc = kCameraStatus;
-    switch (currentCommand) {
-    case 0: emit getCamCurrent(); break;
-    case 1: emit getCamVolt(); break;
-    case 2: emit getCamTemp(); break;
-    case 3: emit getCamPressure(); break;
-    case 4: emit getCamOrientation(); break;
-    case 5: emit getCamStatus(); break;
-    default: break;
-    }
+    if (const ChainStep *step = stepAt(kStatusSteps, currentCommand))
+        (this->*step->request)();
 }
 
 void CameraController::ProcessCameraStatus(CameraCommand command, const QString &data)
 {
-    static const CameraCommand expected[] = {kCamCurrent, kCamVolt, kCamTemp, kCamPressure, kCamOrientation, kCamStatus};
-    if (currentCommand < 0 || currentCommand >= kStatusSondeStep || command != expected[currentCommand])
+    const ChainStep *step = stepAt(kStatusSteps, currentCommand);
+    if (!step || command != step->reply)
         return;
-    const QStringList values = data.split(QLatin1Char(','));
-    switch (command) {
-    case kCamCurrent:
-        camCurrent = data.trimmed().toInt();
-        camCurrentReceived = true;
-        break;
-    case kCamVolt:
-        camVolt = data.trimmed().toInt();
-        camVoltReceived = true;
-        break;
-    case kCamTemp:
-        camTemp = data.trimmed().toInt();
-        camTempReceived = true;
-        emit newTemperature(camTemp);
-        break;
-    case kCamPressure:
-        camPressure1 = values.value(0).trimmed().toInt();
-        camPressure2 = values.value(1).trimmed().toInt();
-        camPressureReceived = true;
-        emit newPressure(camPressure1, camPressure2);
-        break;
-    case kCamOrientation:
-        for (int axis = 0; axis < 3; ++axis)
-            camOrientation[axis] = values.value(axis).trimmed().toInt();
-        camOrientationReceived = true;
-        break;
-    case kCamStatus:
-        camStatus = data.trimmed();
-        camStatusReceived = true;
-        break;
-    default:
-        break;
-    }
+    cam.takeStatus(command, data);
+    if (command == kCamTemp)
+        emit newTemperature(cam.camTemp);
+    else if (command == kCamPressure)
+        emit newPressure(cam.camPressure1, cam.camPressure2);
     ++currentCommand;
     UpdateCameraStatus();
 }
@@ -641,9 +442,10 @@ void CameraController::ProcessPassStatus(CameraCommand command, const QString &d
         return;
     overideState = data.trimmed();
     camOvrdStatusReceived = true;
+    m_warnings->overrideReported(overideState);
     currentCommand = kStatusDoneStep;
     // While the pass-code dialog waits for this answer the cycle stands still.
-    if (!showingWarning)
+    if (!m_warnings->isShowing())
         UpdateCameraStatus();
 }
 
@@ -669,7 +471,7 @@ void CameraController::CalculateCameraState()
     case kNewCamPresent:
         if (coilerType == kOld)
             cameraState = kOldCamMissing;
-        else if (videoStream && !camSondeFrequencyReceived) {
+        else if (videoStream && !cam.camSondeFrequencyReceived) {
             cameraSet = true;
             newCamFlags = stateUnderPressure1 | stateUnderPressure2;
         } else {
@@ -691,52 +493,11 @@ void CameraController::CalculateCameraState()
     }
 }
 
-void CameraController::updatePressureFlags(int pressure, int underFlag, int overFlag)
-{
-    if (overideState != QLatin1String(kOverrideArmed)) {
-        newCamFlags &= ~(underFlag | overFlag);
-        return;
-    }
-    // A pressure back in range clears nothing: the alarm stands until the
-    // camera leaves the armed override state.
-    if (pressure < underPressureThreshold) {
-        newCamFlags |= underFlag;
-        warningState = kUnderPressure;
-    } else if (pressure > overPressureThreshold) {
-        newCamFlags |= overFlag;
-        warningState = kOverPressure;
-    }
-}
-
 void CameraController::evaluateNewCamera()
 {
-    if (camTemp > overTempThreshold) {
-        newCamFlags |= stateOverTemperature;
-        warningState = kOverTemp;
-    } else {
-        newCamFlags &= ~stateOverTemperature;
-    }
-    updatePressureFlags(camPressure1, stateUnderPressure1, stateOverPressure1);
-    updatePressureFlags(camPressure2, stateUnderPressure2, stateOverPressure2);
-    if (!atexCompliant) {
-        newCamFlags &= ~stateATEX;
-    } else {
-        newCamFlags |= stateATEX;
-        if (warningState == kUnderPressure)
-            warningState = kUnderPressureATEX;
-    }
-    if (camCurrent < disconnectThreshold)
-        newCamFlags |= stateDisconnected;
-    else
-        newCamFlags &= ~stateDisconnected;
-    if (camCurrent < upperFaultThreshold && (camCurrent < disconnectThreshold || camCurrent >= lowerFaultThreshold))
-        newCamFlags &= ~stateFaulty;
-    else
-        newCamFlags |= stateFaulty;
-    if (sondeStatus)
-        newCamFlags |= stateSonde;
-    else
-        newCamFlags &= ~stateSonde;
+    const CameraHealth health(cam, sondeStatus, overideState, limits, newCamFlags);
+    newCamFlags = health.flags();
+    warningState = WarningStates(health.warning());
 }
 
 void CameraController::SetCameraState()
@@ -768,6 +529,16 @@ void CameraController::CameraStateUpdated()
     emit newState(cameraState);
     if (warningState != lastWarning && cameraReady)
         ShowWarnings();
+    // The next cycle waits until the operator is done with the warning.
+    if (m_warnings->isShowing()) {
+        cycleHeld = true;
+        return;
+    }
+    startNextCycle();
+}
+
+void CameraController::startNextCycle()
+{
     if (!requestEnable)
         return;
     if (!cameraSet) {
@@ -783,140 +554,35 @@ void CameraController::CameraStateUpdated()
 
 // ---- Warnings and logs ------------------------------------------------------------
 
-QString CameraController::warningText(WarningStates warning)
-{
-    switch (warning) {
-    case kUnderPressure:
-    case kUnderPressureATEX:
-        return tr("CAMERA UNDER PRESSURE<br>Please shut down the Lanthorn for safety.");
-    case kOverTemp:
-        return tr("CAMERA OVER TEMPERATURE<br>Camera may shutdown automatically.<br>Camera should be returned for service.");
-    default:
-        return QString();
-    }
-}
-
 void CameraController::ShowWarnings()
 {
-    // A late state reply handled inside the warning's own event loop would open
-    // the same warning again on top of it.
-    if (showingWarning)
+    // A late state reply while the box is up would open the same warning again on top of it.
+    if (m_warnings->isShowing())
         return;
-    const QScopedValueRollback<bool> showing(showingWarning, true);
-    if (warningState != kNoWarning) {
-        LogCameraStatus();
-        const QString text = warningText(warningState);
-        switch (warningState) {
-        case kUnderPressure:
-            UpdateCameraLogs(3, 0);
-            presenter(text, false);
-            break;
-        case kUnderPressureATEX:
-            UpdateCameraLogs(3, 16);
-            askForPassCodeUntilAccepted(text);
-            break;
-        case kOverTemp:
-            UpdateCameraLogs(3, 3);
-            presenter(text, false);
-            break;
-        default:
-            break;
-        }
-        // Kept pairing: tools read these codes, and the ATEX path has always
-        // recorded "No input" while the others record "Pin Code input".
-        UpdateCameraLogs(4, warningState == kUnderPressureATEX ? 0 : 1);
+    if (warningState == kNoWarning) {
+        lastWarning = warningState;
+        return;
     }
-    lastWarning = warningState;
+    LogCameraStatus();
+    m_warnings->show(warningState);
 }
 
-void CameraController::askForPassCodeUntilAccepted(const QString &text)
+void CameraController::warningFinished()
 {
-    passSent = false;
-    emit sendAtexPass(presenter(text, true));
-    // The dialog's own event loop is where the camera's answers arrive, so each
-    // asking is answered by what the camera said about the code before it. A
-    // camera that goes away can no longer answer: stop asking then.
-    while (overideState != QLatin1String(kOverrideAccepted) && videoStream) {
-        // Turn the event loop for a moment rather than spin while nothing happens.
-        QEventLoop moment;
-        QTimer::singleShot(kPassCodePollMs, &moment, &QEventLoop::quit);
-        moment.exec();
-        if (!passSent)
-            continue;
-        RequestPassStatus();
-        if (overideState == QLatin1String(kOverrideAccepted))
-            break;
-        const QString code = presenter(text, true);
-        passSent = false;
-        emit sendAtexPass(code);
-    }
+    lastWarning = warningState;
+    if (!cycleHeld)
+        return;
+    cycleHeld = false;
+    startNextCycle();
 }
 
 void CameraController::LogCameraStatus()
 {
-    bool ok = false;
-    const uint status = camStatus.toUInt(&ok, 16) & 0xFFFFFF;
-    if (!ok)
-        return;
-    static const struct {
-        uint bit;
-        int group;
-        int code;
-    } kStatusBits[] = {
-        {0x20000, 0, 0},  {0x10000, 0, 1},  {0x40000, 0, 2},  {0x80000, 0, 3},
-        {0x200000, 1, 0}, {0x100000, 1, 1}, {0x400000, 1, 2}, {0x800000, 1, 3},
-        {0x200, 2, 0},    {0x100, 2, 1},    {0x400, 2, 2},    {0x800, 2, 3},
-    };
-    for (const auto &entry : kStatusBits) {
-        if (status & entry.bit)
-            UpdateCameraLogs(entry.group, entry.code);
-    }
+    eventLog->appendStatus(cam.camStatus, cam.camSerial);
 }
 
 void CameraController::UpdateCameraLogs(int eventID, int eventType)
 {
-    eventLog->append(eventID, eventType, camSerial);
+    eventLog->append(eventID, eventType, cam.camSerial);
 }
 
-void CameraController::ClearCameraLogs()
-{
-    logID.clear();
-    for (QVector<CameraLog> *log : {&logOP, &logUP, &logOT, &logUT, &logOV, &logUV})
-        log->clear();
-}
-
-QVector<CameraController::CameraLog> CameraController::cameraLog(CameraCommand command) const
-{
-    switch (command) {
-    case kCamLogOP: return logOP;
-    case kCamLogUP: return logUP;
-    case kCamLogOT: return logOT;
-    case kCamLogUT: return logUT;
-    case kCamLogOV: return logOV;
-    case kCamLogUV: return logUV;
-    default: return {};
-    }
-}
-
-void CameraController::ProcessCameraLogs(CameraCommand command, QString data)
-{
-    if (data.size() != 16)
-        return;
-    bool serialOk = false;
-    bool timeOk = false;
-    const QString serial = QString::number(data.left(8).toULongLong(&serialOk, 16));
-    const qint64 seconds = qint64(data.right(8).toULongLong(&timeOk, 16));
-    if (!serialOk || !timeOk)
-        return;
-    const CameraLog entry{QDateTime::fromSecsSinceEpoch(seconds).toString(Qt::TextDate), serial};
-    switch (command) {
-    case kCamLogID: logID = serial; break;
-    case kCamLogOP: logOP << entry; break;
-    case kCamLogUP: logUP << entry; break;
-    case kCamLogOT: logOT << entry; break;
-    case kCamLogUT: logUT << entry; break;
-    case kCamLogOV: logOV << entry; break;
-    case kCamLogUV: logUV << entry; break;
-    default: break;
-    }
-}

@@ -1,14 +1,20 @@
 #pragma once
 
+#include "instrument/camerahealth.h"
+#include "instrument/camerareadings.h"
+#include "instrument/camerastoredlogs.h"
+#include "instrument/cameratables.h"
+#include "instrument/camerawarnings.h"
+
 #include <QDate>
 #include <QObject>
 #include <QString>
 #include <QVector>
 
-#include <functional>
-
 class QTimer;
 class CameraEventLog;
+template <typename T>
+class Singleton;
 
 // Finds out which coiler and camera hang on the power board and keeps their state
 // current through one-at-a-time requests. It never touches the port: requests go
@@ -19,6 +25,8 @@ class CameraEventLog;
 // which starts the next, so requests never overlap. Every stage of a chain points
 // timeoutTimer at the step that ends the chain with what is known, so a lost
 // reply costs one timeout and nothing else.
+//
+// Warnings are told to the operator through warnings(): this layer shows no box.
 class CameraController : public QObject
 {
     Q_OBJECT
@@ -91,45 +99,25 @@ public:
     static constexpr int stateOverPressure2 = 128;
     static constexpr int stateOverTemperature = 256;
 
-    struct CameraLog {
-        QString date_time;
-        QString serial_number;
-    };
-    struct CameraTable {
-        int hwMin = 0;
-        int hwMax = 0;
-        int atexCompliant = 0;
-        int disconnectThreshold = 0;
-        int lowerFaultThreshold = 0;
-        int upperFaultThreshold = 0;
-    };
-    struct CoilerTable {
-        int IDMin = 0;
-        int IDMax = 0;
-        int type = 0;
-        int pushrodLength = 0;
-        float meterage = 0;
-        int EQ = 0;
-    };
-
-    // Asks the operator about a warning; with `atex` the answer is the pass code.
-    using WarningPresenter = std::function<QString(const QString &text, bool atex)>;
+    using CameraLog = CameraStoredLogs::CameraLog;
+    using CameraTable = CameraTables::CameraTable;
+    using CoilerTable = CameraTables::CoilerTable;
 
     static CameraController *instance(QObject *parent = nullptr);
     ~CameraController() override;
 
     void ReceiveData(CameraCommand command, QString data);
-    void ProcessCameraLogs(CameraCommand command, QString data);
-    void handlePowerBoardID(bool newBoard);
+    void ProcessCameraLogs(CameraCommand command, QString data) { storedLogs.store(command, data); }
+    void handlePowerBoardID(bool newBoard) { powerBoardTypeValue = newBoard ? kNew : kOld; }
     void enablePolling();
     void disablePolling();
     void setVideoOn();
     void setVideoOff();
     void SetSondeStatus();
-    void ClearCameraLogs();
+    void ClearCameraLogs() { storedLogs.clear(); }
     void initCamera();
-    void ReadCoilerFile();
-    void ReadCameraFile();
+    void ReadCoilerFile() { tables.ReadCoilerFile(); }
+    void ReadCameraFile() { tables.ReadCameraFile(); }
 
     float GetMeterage() const { return coilerMeterage; }
     int GetPushrodLength() const { return pushrodLength; }
@@ -140,16 +128,18 @@ public:
     WarningStates GetWarningState() const { return warningState; }
     bool isCameraReady() const { return cameraReady; }
     int requestPeriod() const;
-    QString GetSerial() const { return camSerial; }
-    QString GetFirmware() const { return camFW; }
-    QDate GetMaintenanceDate() const { return camMaintenance; }
-    QString logSerial() const { return logID; }
-    QVector<CameraLog> cameraLog(CameraCommand command) const;
+    QString GetSerial() const { return cam.camSerial; }
+    QString GetFirmware() const { return cam.camFW; }
+    QDate GetMaintenanceDate() const { return cam.camMaintenance; }
+    QString logSerial() const { return storedLogs.serial(); }
+    QVector<CameraLog> cameraLog(CameraCommand command) const { return storedLogs.events(command); }
 
-    // Who answers the warning dialogs; the survey manager's warning box unless replaced.
-    void setWarningPresenter(WarningPresenter presenter);
+    // Where the operator is asked about warnings: a higher layer listens to its
+    // warningRaised and answers through its answerWarning.
+    CameraWarnings *warnings() const { return m_warnings; }
+    bool isShowingWarning() const { return m_warnings->isShowing(); }
 
-    static QString warningText(WarningStates warning);
+    static QString warningText(WarningStates warning) { return CameraWarnings::warningText(warning); }
 
 public slots:
     void UpdateCameraState();
@@ -203,6 +193,7 @@ signals:
     void newTemperature(int temperature);
 
 private:
+    friend class Singleton<CameraController>;
     explicit CameraController(QObject *parent);
 
     void pointTimeoutAt(void (CameraController::*target)());
@@ -217,6 +208,7 @@ private:
     void SetCoilerEQ();
     void ProcessCoilerEQ(CameraCommand command, const QString &data);
 
+    void startCameraChain();
     void UpdateCameraInfo();
     void RequestCameraInfo();
     void ProcessCameraInfo(CameraCommand command, const QString &data);
@@ -231,21 +223,22 @@ private:
     void ProcessPassStatus(CameraCommand command, const QString &data);
 
     void evaluateNewCamera();
-    void updatePressureFlags(int pressure, int underFlag, int overFlag);
     void SetCameraState();
     void ProcessCameraState(CameraCommand command);
+    void startNextCycle();
 
     void ShowWarnings();
-    void askForPassCodeUntilAccepted(const QString &text);
+    void warningFinished();
     void LogCameraStatus();
 
-    QString logID;
-    QVector<CameraLog> logOP, logUP, logOT, logUT, logOV, logUV;
+    CameraStoredLogs storedLogs;
+    CameraReadings cam;
     QTimer *requestTimer = nullptr;
     QTimer *timeoutTimer = nullptr;
     QMetaObject::Connection timeoutConnection;
     CameraEventLog *eventLog = nullptr;
-    WarningPresenter presenter;
+    CameraWarnings *m_warnings = nullptr;
+    CameraTables tables;
     volatile bool videoStream = false;
     int currentCommand = 0;
     ReturnFunction retfunc = kCameraState;
@@ -254,7 +247,6 @@ private:
     int coilerEQ = 0;
     int pushrodLength = 999;
     float coilerMeterage = 999.0f;
-    bool atexCompliant = false;
     WarningStates warningState = kNoWarning;
     WarningStates lastWarning = kNoWarning;
     QString overideState;
@@ -262,50 +254,14 @@ private:
     Type cameraType = kOld;
     volatile int cameraState = kOldCamMissing;
     volatile int newCamFlags = 0;
-    int disconnectThreshold = 0;
-    int lowerFaultThreshold = 0;
-    int upperFaultThreshold = 0;
-    const int underPressureThreshold;
-    const int overPressureThreshold;
-    const int overTempThreshold;
-    QVector<CoilerTable> coilerLookup;
-    QVector<CameraTable> cameraLookup;
+    CameraHealth::Limits limits;
     volatile bool requestEnable = true;
-    bool showingWarning = false;
+    // The cycle waits for the operator to be done with a warning.
+    bool cycleHeld = false;
 
     int coilerID = 1023;
-    int camCurrent = 0;
-    int camVolt = 0;
-    int camTemp = 0;
-    int camPressure1 = 0;
-    int camPressure2 = 0;
-    QString camSerial;
-    QString camFW;
-    int camPart = 0;
-    int camHW = 0;
-    QString camBoard;
-    QDate camManuf;
-    QDate camMaintenance;
-    int camSondeFrequency = 0;
-    int camOrientation[3] = {0, 0, 0};
-    QString camStatus;
     bool coilerIDReceived = false;
-    bool camCurrentReceived = false;
-    bool camVoltReceived = false;
-    bool camTempReceived = false;
-    bool camPressureReceived = false;
-    bool camSerialReceived = false;
-    bool camFWReceived = false;
-    bool camPartReceived = false;
-    bool camHWReceived = false;
-    bool camBoardReceived = false;
-    bool camManufReceived = false;
-    bool camMaintenanceReceived = false;
-    bool camSondeFrequencyReceived = false;
     bool camOvrdStatusReceived = false;
-    bool camOrientationReceived = false;
-    bool camStatusReceived = false;
     bool cameraSet = false;
     bool cameraReady = false;
-    bool passSent = false;
 };

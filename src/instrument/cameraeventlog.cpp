@@ -34,6 +34,27 @@ void CameraEventLog::touch() const
                         | QFileDevice::WriteOther | QFileDevice::ExeOther);
 }
 
+void CameraEventLog::appendStatus(const QString &status, const QString &serial) const
+{
+    bool ok = false;
+    const uint bits = status.toUInt(&ok, 16) & 0xFFFFFF;
+    if (!ok)
+        return;
+    static const struct {
+        uint bit;
+        int group;
+        int code;
+    } kStatusBits[] = {
+        {0x20000, 0, 0},  {0x10000, 0, 1},  {0x40000, 0, 2},  {0x80000, 0, 3},
+        {0x200000, 1, 0}, {0x100000, 1, 1}, {0x400000, 1, 2}, {0x800000, 1, 3},
+        {0x200, 2, 0},    {0x100, 2, 1},    {0x400, 2, 2},    {0x800, 2, 3},
+    };
+    for (const auto &entry : kStatusBits) {
+        if (bits & entry.bit)
+            append(entry.group, entry.code, serial);
+    }
+}
+
 QString CameraEventLog::eventText(int group, int code)
 {
     switch (group) {

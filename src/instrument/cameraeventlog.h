@@ -17,6 +17,9 @@ public:
     // Makes sure the file exists and anyone on the unit may read and write it.
     void touch() const;
     void append(int group, int code, const QString &serial) const;
+    // One fault line for each alarm or warning bit the camera's status word (as
+    // hexadecimal text) has set; a status that does not parse logs nothing.
+    void appendStatus(const QString &status, const QString &serial) const;
 
     static QString eventText(int group, int code);
 

@@ -1,13 +1,12 @@
 #include "storage/externalstorage.h"
 
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "storage/externalstoragedelegate.h"
 #include "storage/fifoline.h"
 
 #include <QDebug>
 #include <QDir>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QTimer>
 
@@ -39,12 +38,8 @@ constexpr StorageBase::StorageItem kSavePreference[] = {
 
 ExternalStorage *ExternalStorage::instance(QObject *parent)
 {
-    static QMutex mutex;
     static ExternalStorage *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new ExternalStorage(parent);
-    return theInstance;
+    return Singleton<ExternalStorage>::instance(theInstance, parent);
 }
 
 ExternalStorage::ExternalStorage(QObject *parent)

@@ -6,6 +6,9 @@ class ExternalStorageDelegate;
 class ISerial;
 class QTimer;
 
+template <typename T>
+class Singleton;
+
 // Listens to the mount scripts, chooses the device surveys are saved to and
 // estimates how many minutes of recording it still holds.
 class ExternalStorage : public StorageBase
@@ -39,6 +42,7 @@ public slots:
     void handle_unmount(QString path) override;
 
 private:
+    friend class Singleton<ExternalStorage>;
     explicit ExternalStorage(QObject *parent);
 
     void setSaveIndex(int index);

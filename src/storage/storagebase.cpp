@@ -1,8 +1,8 @@
 #include "storage/storagebase.h"
 
+#include "core/singleton.h"
+
 #include <QDebug>
-#include <QMutex>
-#include <QMutexLocker>
 
 namespace {
 const char *const kDisplayNames[StorageBase::kStorageCount] = {
@@ -13,12 +13,8 @@ StorageBase::StorageBase(QObject *parent) : QObject(parent) {}
 
 StorageBase *StorageBase::instance(QObject *parent)
 {
-    static QMutex mutex;
     static StorageBase *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new StorageBase(parent);
-    return theInstance;
+    return Singleton<StorageBase>::instance(theInstance, parent);
 }
 
 QStringList StorageBase::devices(bool all) const

@@ -4,6 +4,9 @@
 #include <QString>
 #include <QStringList>
 
+template <typename T>
+class Singleton;
+
 // The table of mounted storage: which device is where. It is told, never polls.
 class StorageBase : public QObject
 {
@@ -44,6 +47,7 @@ public slots:
     virtual void handle_unmount(QString path);
 
 protected:
+    friend class Singleton<StorageBase>;
     explicit StorageBase(QObject *parent = nullptr);
     QString storeage_paths[kStorageCount];
 

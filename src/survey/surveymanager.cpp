@@ -3,6 +3,8 @@
 #include "core/consolesettings.h"
 #include "survey/ivideoscreen.h"
 #include "core/unitpaths.h"
+#include "core/singleton.h"
+#include "instrument/camerawarnings.h"
 #include "storage/externalstorage.h"
 #include "survey/basic/basiccontroller.h"
 #include "survey/corvane/corvanecontroller.h"
@@ -17,8 +19,6 @@
 #include <QFile>
 #include <QGridLayout>
 #include <QMetaEnum>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -65,12 +65,8 @@ SurveyManager::SurveyManager(IVideoScreen *video, QObject *parent) : QObject(par
 
 SurveyManager *SurveyManager::instance(IVideoScreen *video, QObject *parent)
 {
-    static QMutex mutex;
     static SurveyManager *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new SurveyManager(video, parent);
-    return theInstance;
+    return Singleton<SurveyManager>::instance(theInstance, video, parent);
 }
 
 void SurveyManager::registerController(SurveyType type, SurveyController *controller)
@@ -553,6 +549,13 @@ void SurveyManager::showNote(const QString &text)
 }
 
 // ---- Camera warning -------------------------------------------------------------
+
+void SurveyManager::answerCameraWarnings(CameraWarnings *warnings)
+{
+    connect(warnings, &CameraWarnings::warningRaised, this, [this, warnings](const QString &text, bool atex) {
+        warnings->answerWarning(showWarning(text, atex));
+    });
+}
 
 QString SurveyManager::showWarning(QString text, bool atex)
 {

@@ -6,12 +6,16 @@
 #include <QString>
 #include <QStringList>
 
+class CameraWarnings;
 class CorvaneController;
 class HBIMessageBox;
 class IVideoScreen;
 class QTimer;
 class SurveyController;
 class SurveyData;
+
+template <typename T>
+class Singleton;
 
 // Knows whether a survey runs and of which kind. Keys, the mobile link and the
 // camera warnings reach the survey through it; it picks the controller of the
@@ -82,6 +86,8 @@ public:
     // The blocking camera warning. Returns the box's answer as a number, or
     // with atex the passcode the operator typed.
     QString showWarning(QString text, bool atex);
+    // Camera warnings are shown in showWarning's box and answered from it.
+    void answerCameraWarnings(CameraWarnings *warnings);
     // The project directory of the current mode, with a trailing "/"; empty
     // in a basic survey.
     QString getDirectory();
@@ -116,6 +122,7 @@ signals:
     void updateCounter(const QString &text);
 
 private:
+    friend class Singleton<SurveyManager>;
     SurveyManager(IVideoScreen *video, QObject *parent);
 
     void handleRecord();

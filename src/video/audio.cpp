@@ -1,11 +1,10 @@
 #include "video/audio.h"
 
+#include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "survey/surveymanager.h"
 
 #include <QDebug>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QTimer>
 
 namespace {
@@ -42,12 +41,8 @@ audio::audio(QObject *parent) : QObject(parent)
 
 audio *audio::instance(QObject *parent)
 {
-    static QMutex mutex;
     static audio *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new audio(parent);
-    return theInstance;
+    return Singleton<audio>::instance(theInstance, parent);
 }
 
 void audio::init()

@@ -5,6 +5,9 @@
 
 class QTimer;
 
+template <typename T>
+class Singleton;
+
 // Watches for a microphone headset every few seconds and switches the unit's
 // audio between headset and built-in by the unit's scripts. A record attempt
 // waits for a detection in flight (detectFinished) and holds further ones off
@@ -36,6 +39,7 @@ public slots:
     void microphone_exit(int code, QProcess::ExitStatus status);
 
 private:
+    friend class Singleton<audio>;
     explicit audio(QObject *parent);
 
     void audioEnable();

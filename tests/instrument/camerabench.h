@@ -96,13 +96,14 @@ public:
     {
         QSignalSpy done(camera, &CameraController::newState);
         camera->UpdateCameraState();
-        for (int turn = 0; turn < 50 && done.isEmpty(); ++turn) {
+        // A warning the operator is still answering holds the cycle open.
+        for (int turn = 0; turn < 50 && (done.isEmpty() || camera->isShowingWarning()); ++turn) {
             deliverPending();
             if (done.isEmpty() && m_pending == 0 && timeoutTimer()->isActive())
                 fireTimeout();
         }
         requestTimer()->stop();
-        return !done.isEmpty();
+        return !done.isEmpty() && !camera->isShowingWarning();
     }
 
     // A new camera with video running, brought to the point where every cycle

@@ -2,6 +2,7 @@
 // replies fed through ReceiveData and by firing its timers by hand.
 #include "camerabench.h"
 #include "instrument/cameraeventlog.h"
+#include "instrument/camerawarnings.h"
 #include "support/testunit.h"
 
 #include <QFile>
@@ -19,6 +20,7 @@ class TestCameraController : public QObject
     QStringList m_warnings;
     int m_passCodeAsks = 0;
     int m_acceptOnAsk = 0;
+    bool m_answerLater = false;
 
     // The operator: reads the warning and, asked for a pass code, cancels until
     // the ask numbered m_acceptOnAsk, when the camera is made to accept the code.
@@ -65,8 +67,12 @@ private slots:
         QVERIFY(m_unit.isValid());
         m_bench = new CameraBench;
         m_camera = m_bench->camera;
-        m_camera->setWarningPresenter(
-            [this](const QString &text, bool atex) { return answerWarning(text, atex); });
+        // As the survey layer does: show the box, then hand the answer back.
+        connect(m_camera->warnings(), &CameraWarnings::warningRaised, this, [this](const QString &text, bool atex) {
+            const QString answer = answerWarning(text, atex);
+            if (!m_answerLater)
+                m_camera->warnings()->answerWarning(answer);
+        });
     }
 
     // Every case starts from a healthy camera that has gone away, so the next
@@ -75,6 +81,7 @@ private slots:
     {
         m_bench->healthyNewCamera();
         m_acceptOnAsk = 0;
+        m_answerLater = false;
         QVERIFY(m_bench->bringUpNewCamera());
         QVERIFY(m_bench->cycle());
         m_camera->setVideoOff();
@@ -336,6 +343,7 @@ private slots:
         m_bench->answers["getCamPressure"] = {C::kCamPressure, "120,215"};
         m_bench->answers["getAtexPass"] = {C::kCamPassStatus, "01"};
         QVERIFY(m_bench->cycle());
+        QVERIFY(!m_camera->isShowingWarning());
         disconnect(sent);
 
         // The asking after the right code still hears the camera's earlier answer.
@@ -349,6 +357,50 @@ private slots:
         // Acknowledged: the pressure no longer counts.
         QVERIFY(m_bench->cycle());
         QCOMPARE(m_camera->GetCameraStateFlags() & 0xF0, 0);
+    }
+
+    void aWarningAnsweredLaterHoldsTheCycleUntilThen()
+    {
+        QVERIFY(m_bench->bringUpNewCamera());
+        m_answerLater = true;
+        m_bench->answers["getCamTemp"] = {C::kCamTemp, "72"};
+        m_camera->UpdateCameraState();
+        QTRY_VERIFY(m_camera->isShowingWarning());
+        QVERIFY(!m_bench->requestTimer()->isActive());
+        QCOMPARE(events().filter(QRegularExpression("^[34],")),
+                 QStringList{"3,3,10597059,Warning Shown - Over Temperature - Non-ATEX"});
+
+        m_camera->warnings()->answerWarning(QStringLiteral("0"));
+        QVERIFY(!m_camera->isShowingWarning());
+        QVERIFY(m_bench->requestTimer()->isActive());
+        QCOMPARE(events().filter(QRegularExpression("^4,")),
+                 QStringList{"4,1,10597059,User Action to Clear Warning - Pin Code input"});
+        // Shown once: the next cycle finds the same warning and stays quiet.
+        QVERIFY(m_bench->cycle());
+        QCOMPARE(m_warnings.size(), 1);
+    }
+
+    void passCodeWaitEndsWhenTheCameraGoesAway()
+    {
+        m_bench->answers["getCamHW"] = {C::kCamHW, "140"};
+        QVERIFY(m_bench->bringUpNewCamera());
+        // The board never confirms the code, so the conversation waits on the camera.
+        m_passCodeAsks = 0;
+        m_bench->answers["getCamPressure"] = {C::kCamPressure, "120,215"};
+        m_bench->answers["getAtexPass"] = {C::kCamPassStatus, "01"};
+        m_camera->UpdateCameraState();
+        QTRY_VERIFY(m_camera->isShowingWarning());
+        QCOMPARE(m_passCodeAsks, 1);
+        QVERIFY(!m_bench->requestTimer()->isActive());
+
+        m_camera->setVideoOff();
+        QVERIFY(!m_camera->isShowingWarning());
+        QCOMPARE(m_passCodeAsks, 1);
+        QCOMPARE(events().filter(QRegularExpression("^4,")),
+                 QStringList{"4,0,10597059,User Action to Clear Warning - No input"});
+        // The cycle goes on, and finds the camera gone.
+        QVERIFY(m_bench->requestTimer()->isActive());
+        m_bench->requestTimer()->stop();
     }
 
     void cameraLogRepliesOfSixteenDigitsOnly()

@@ -51,6 +51,7 @@ private slots:
         QTRY_VERIFY(QFileInfo::exists(m_unit.path("/run/unitkit/powerboard.ctl")));
         SurveyManager::instance(&m_video);
         m_camera = CameraController::instance();
+        SurveyManager::instance()->answerCameraWarnings(m_camera->warnings());
         m_micro = new Microcontroller(unitPath("/dev/ttyAMA1"));
         m_status = new SettingsStatus;
         m_status->followCamera(m_camera);

@@ -52,7 +52,6 @@ private slots:
     {
         QVERIFY(m_unit.isValid());
         m_bench = new CameraBench;
-        m_bench->camera->setWarningPresenter([](const QString &, bool) { return QString(); });
         m_bench->camera->handlePowerBoardID(true);
     }
 

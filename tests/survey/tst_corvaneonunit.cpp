@@ -23,6 +23,7 @@ class TestCorvaneOnUnit : public QObject
 private slots:
     void initTestCase();
     void projectOfTwoSectionsByKeys();
+    void finaliseReportByKeys();
 
 private:
     void key(int key) { m_operator->key(key); }
@@ -128,6 +129,38 @@ void TestCorvaneOnUnit::projectOfTwoSectionsByKeys()
     const QString report = readFile(project + QStringLiteral("high_street.txt"));
     QVERIFY2(report.contains(QStringLiteral("crack")) && report.contains(QStringLiteral("End = MH3")),
              qPrintable(report));
+}
+
+// Goes on with the project of two sections: "Finalise Report" from the mode
+// key's menu makes Report.pdf and then offers it to the app.
+void TestCorvaneOnUnit::finaliseReportByKeys()
+{
+    const QString project = m_unit.path(QStringLiteral("/media/usb1/corvane/high_street.sur/"));
+    QVERIFY(QFile::exists(project + QStringLiteral("section_2/.observations.sdb")));
+    QVERIFY(m_operator->waitForDialog(QStringLiteral("Note:")));
+    key(Ui::Key_Survey);
+    QVERIFY(answerMenu(QStringLiteral("Select:"), 3));
+    QVERIFY(answerText(QStringLiteral("Note:"), QString()));
+    const QString report = project + QStringLiteral("Report.pdf");
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(report), 50000);
+    QVERIFY(answerMenu(
+        QStringLiteral("ostra report successfully generated. Do you wish to transfer the report to the ostra app?"), 1));
+
+    QProcess pdftotext;
+    pdftotext.start(QStringLiteral("pdftotext"), {report, QStringLiteral("-")});
+    QVERIFY(pdftotext.waitForFinished(30000));
+    const QString text = QString::fromUtf8(pdftotext.readAllStandardOutput()).simplified();
+    for (const QString &expected : {QStringLiteral("High Street"), QStringLiteral("Section section_1"),
+                                    QStringLiteral("Section section_2"), QStringLiteral("root ingress"),
+                                    QStringLiteral("crack"), QStringLiteral("MH3")})
+        QVERIFY2(text.contains(expected), qPrintable(expected + QStringLiteral(" missing in: ") + text));
+    QVERIFY(QFile::exists(project + QStringLiteral("pipegraphic1_1.png")));
+
+    const QString artifacts = TestUnit::artifactsDir(QStringLiteral("tst_corvaneonunit"));
+    QProcess pdftoppm;
+    pdftoppm.start(QStringLiteral("pdftoppm"),
+                   {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("60"), report, artifacts + QStringLiteral("/report")});
+    QVERIFY(pdftoppm.waitForFinished(60000) && pdftoppm.exitCode() == 0);
 }
 
 QTEST_MAIN(TestCorvaneOnUnit)

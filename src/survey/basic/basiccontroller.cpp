@@ -1,23 +1,18 @@
 #include "survey/basic/basiccontroller.h"
 
+#include "core/singleton.h"
 #include "storage/externalstorage.h"
 #include "survey/surveypaths.h"
 
 #include <QDateTime>
 #include <QDebug>
-#include <QMutex>
-#include <QMutexLocker>
 
 BasicController::BasicController(QObject *parent) : SurveyController(parent) {}
 
 BasicController *BasicController::instance(QObject *parent)
 {
-    static QMutex mutex;
     static BasicController *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new BasicController(parent);
-    return theInstance;
+    return Singleton<BasicController>::instance(theInstance, parent);
 }
 
 int BasicController::prepareDirectory()

@@ -2,6 +2,9 @@
 
 #include "survey/surveycontroller.h"
 
+template <typename T>
+class Singleton;
+
 // A plain recording: no project, no questions. Each recording gets a folder
 // named after the time it started.
 class BasicController : public SurveyController
@@ -17,5 +20,6 @@ protected:
     QString dbExt() const override { return QStringLiteral(".bdb"); }
 
 private:
+    friend class Singleton<BasicController>;
     explicit BasicController(QObject *parent);
 };

@@ -3,7 +3,9 @@
 #include "core/consolesettings.h"
 #include "survey/ivideoscreen.h"
 #include "core/unitpaths.h"
+#include "core/singleton.h"
 #include "reports/corvaneexport.h"
+#include "reports/exportpdf.h"
 #include "storage/externalstorage.h"
 #include "survey/corvane/corvanequestions.h"
 #include "survey/corvane/corvanesurveyfiles.h"
@@ -16,8 +18,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QProcess>
 #include <QTimer>
 
@@ -69,12 +69,8 @@ CorvaneController::CorvaneController(QObject *parent) : SurveyController(parent)
 
 CorvaneController *CorvaneController::instance(QObject *parent)
 {
-    static QMutex mutex;
     static CorvaneController *theInstance = nullptr;
-    QMutexLocker lock(&mutex);
-    if (!theInstance)
-        theInstance = new CorvaneController(parent);
-    return theInstance;
+    return Singleton<CorvaneController>::instance(theInstance, parent);
 }
 
 QString CorvaneController::projectFolderName()
@@ -497,24 +493,56 @@ void CorvaneController::endEngNotes()
 
 void CorvaneController::exportProject()
 {
+    if (PDF) {
+        qInfo() << "An ostra report is being made already; the request waits for none";
+        return;
+    }
+    if (m_prj_directory.isEmpty()) {
+        qInfo() << "No project open: no ostra report to make";
+        return;
+    }
     CorvaneExport(m_prj_directory, QString()).startExport();
     if (CorvaneExport::wrcFieldsWanted())
         qInfo() << "WRC export not available in this build: no WRC file for" << m_prj_directory;
-    qInfo() << "PDF report pipeline not available in this build: the project has its text export only";
+    PDF = new exportPDF(this);
+    connect(PDF, &exportPDF::pdfresizeFinishedOstra, this, &CorvaneController::finishResize);
+    connect(PDF, &exportPDF::progress, this, &CorvaneController::showReportProgress);
+    PDF->createPDF(m_prj_directory);
+}
+
+void CorvaneController::showReportProgress(QString text)
+{
+    if (m_video)
+        m_video->showStatusBar(tr("ostra report"), {text});
 }
 
 void CorvaneController::finishResize(QString path)
 {
+    // Called from the report's own signal: it goes once that signal returns.
+    PDF->deleteLater();
+    PDF = nullptr;
+    if (m_video)
+        m_video->hideStatusBar();
     runClearCache();
     inputReportPath = path;
     emit resizeFinished();
+    if (QFile::exists(reportFile()))
+        exportAsPDF();
+    else
+        showNote(tr("The ostra report could not be generated"), SLOT(openOstraMenu(int)));
+}
+
+QString CorvaneController::reportFile() const
+{
+    return inputReportPath.isEmpty() ? QString() : inputReportPath + QStringLiteral("Report.pdf");
 }
 
 void CorvaneController::exportAsPDF()
 {
     runClearCache();
-    if (inputReportPath.isEmpty() || !QFile::exists(inputReportPath)) {
-        qInfo() << "No PDF report to offer: the PDF report pipeline is not available in this build";
+    if (!QFile::exists(reportFile())) {
+        // Nothing made yet in this session: make it, and offer it when it is ready.
+        exportProject();
         return;
     }
     showMenu(tr("ostra report successfully generated. Do you wish to transfer the report to the ostra app?"),

@@ -7,6 +7,10 @@
 
 class CorvaneQuestions;
 class QTimer;
+class exportPDF;
+
+template <typename T>
+class Singleton;
 
 // The ostra reporting mode: the mode key's menus, the life of a project
 // ("<site>.sur") and its sections ("section_<n>"), the questions asked at the
@@ -59,6 +63,7 @@ public slots:
     void exportProject();
     void exportAsPDF();
     void finishResize(QString path);
+    void showReportProgress(QString text);
     void stop();
 
     // Menu answers.
@@ -100,6 +105,7 @@ private slots:
     void endSection();
 
 private:
+    friend class Singleton<CorvaneController>;
     explicit CorvaneController(QObject *parent);
     static QString projectFolderName();
     void showSelectMenu(const QStringList &rows, const char *slot);
@@ -108,6 +114,7 @@ private:
     void showNote(const QString &text, const char *slot = nullptr);
     void sendReturnToScreen();
     QString siteImageRow() const;
+    QString reportFile() const;
     QString mapRow() const;
     void showImageNote();
 
@@ -115,6 +122,8 @@ private:
     QString m_cv_path;
     QStringList m_cv_projects;
     QString inputReportPath;
+    // The report being made; the converter's end deletes it.
+    exportPDF *PDF = nullptr;
     // Closes the "Please begin the survey" note unless the section ended first.
     QTimer *m_timer = nullptr;
     bool mOstraInstruction = false;

@@ -1,0 +1,3 @@
+#pragma once
+#include "core/paths.h"
+#include "video/screen.h"
