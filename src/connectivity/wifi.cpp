@@ -232,6 +232,8 @@ void Wifi::finished_password(QString output)
 
 void Wifi::connect()
 {
+    if (connect_network)
+        return;
     timer->stop();
     disconnect_network = scan_networks = wifi_info = add_network = list_networks = true;
     connect_network = false;
@@ -241,6 +243,8 @@ void Wifi::connect()
 
 void Wifi::disconnect()
 {
+    if (disconnect_network)
+        return;
     timer->stop();
     connect_network = scan_networks = wifi_info = add_network = list_networks = true;
     disconnect_network = false;

@@ -226,9 +226,14 @@ private slots:
         waitForIdleQueue();
         QVERIFY(addNetwork(QStringLiteral("Van Hotspot"), QStringLiteral("rodding rain")));
         QVERIFY(unitWifi({"fail-connect", "1"}));
+        const int from = m_unit.kitLog().size();
         QSignalSpy failures(wifi(), &Wifi::connectFailure);
         wifi()->connect();
+        // A second press while the first connect runs adds nothing to the queue.
+        wifi()->connect();
         QVERIFY(failures.wait(20000));
+        waitForIdleQueue();
+        QCOMPARE(kitLines(QStringLiteral("wifi_connect.sh["), from), 1);
     }
 
     void shutdownQueuesOnlyTheFinalForget()
