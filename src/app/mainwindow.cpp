@@ -129,6 +129,10 @@ void MainWindow::setController(Controller *controller)
     m_login->setController(controller);
     m_video->setController(controller);
     connect(controller, &Controller::setActiveScreen, m_settings, &Settings::setActiveScreen);
+    connect(m_settings, &Settings::settingChanged, controller, [controller](const QString &key, const QString &value) {
+        if (key == QLatin1String("Backlight/Level"))
+            controller->setNewBacklight(value.toInt() * 255 / 100);
+    });
     connectFormsTo(controller);
 }
 

@@ -38,7 +38,8 @@ const QVector<Entry> &all()
         {"Timings/Header", "1", true},
         // General
         {"Language/code", "en-GB", true},
-        {"Backlight/Level", "50", true},
+        // Unset, the board is driven at full brightness.
+        {"Backlight/Level", "100", true},
         {"Backlight/Auto_Off", "false", true},
         {"Display/External_Enabled", "false", true},
         {"OSTRA/wrc en", "false", true},

@@ -49,6 +49,8 @@ Settings::Settings(QWidget *parent) : PipeScreen(parent)
     m_service = new ServiceConsole(m_tabs);
     m_tabs->addTab(m_service, QString());
     connect(m_tabs, &QTabWidget::currentChanged, this, &Settings::focusTab);
+    for (SettingsForm *form : forms())
+        connect(form, &SettingsForm::valueChanged, this, &Settings::settingChanged);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);

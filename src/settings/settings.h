@@ -38,6 +38,10 @@ public:
 public slots:
     void setActiveScreen(int tab);
 
+signals:
+    // A row changed a key; the backlight, for one, follows at once.
+    void settingChanged(const QString &key, const QString &value);
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -1,7 +1,10 @@
 #include "settings/settingspages.h"
 
 #include "core/consoletranslator.h"
+#include "core/unitpaths.h"
 #include "settings/settingsform.h"
+
+#include <QProcess>
 
 namespace {
 using Choice = SettingsForm::Choice;
@@ -78,10 +81,16 @@ SettingsForm *general(QWidget *parent)
     form->addToggle("Display/External_Enabled", QT_TRANSLATE_NOOP("SettingsForm", "External display"));
     form->addToggle("OSTRA/wrc en", QT_TRANSLATE_NOOP("SettingsForm", "WRC surveys"));
     QObject::connect(form, &SettingsForm::valueChanged, form, [](const QString &key, const QString &value) {
-        if (key != QLatin1String("Language/code"))
-            return;
-        ConsoleTranslator::install(value);
-        ConsoleTranslator::installKeymap(value);
+        if (key == QLatin1String("Language/code")) {
+            ConsoleTranslator::install(value);
+            ConsoleTranslator::installKeymap(value);
+        } else if (key == QLatin1String("Display/External_Enabled")) {
+            // The output follows at once, as it does at start.
+            const bool external = value == QLatin1String("true");
+            QProcess::startDetached(QStringLiteral("/bin/sh"),
+                                    {unitPath(QStringLiteral("/opt/hbi/bin/vga_set.sh")),
+                                     external ? QStringLiteral("start") : QStringLiteral("stop")});
+        }
     });
     return form;
 }

@@ -202,6 +202,22 @@ private slots:
         QCOMPARE(ConsoleSettings::languageCode(), QStringLiteral("en-GB"));
     }
 
+    void externalDisplayFollowsAtOnce()
+    {
+        clearSettings();
+        formWith(QStringLiteral("Display/External_Enabled"))->load();
+        QWidget *field = focusField(QStringLiteral("Display/External_Enabled"));
+        QVERIFY(field);
+        const auto output = [this] {
+            QFile state(m_unit.path(QStringLiteral("/var/hbi/vga")));
+            return state.open(QIODevice::ReadOnly) ? state.readAll().trimmed() : QByteArray();
+        };
+        QTest::keyClick(field, Qt::Key_Right);
+        QTRY_COMPARE(output(), QByteArray("start"));
+        QTest::keyClick(field, Qt::Key_Left);
+        QTRY_COMPARE(output(), QByteArray("stop"));
+    }
+
     void aLanguageWithoutTranslationKeepsTheFormer()
     {
         QVERIFY(ConsoleTranslator::install(QStringLiteral("en-GB")));
