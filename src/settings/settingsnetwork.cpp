@@ -60,7 +60,7 @@ Wifi *settingsnetwork::wifi()
         connect(m_wifi, &Wifi::updateWifiList, this, &settingsnetwork::updateWifiList);
         connect(m_wifi, &Wifi::connectFailure, this, &settingsnetwork::connectFailure);
         connect(m_wifi, &Wifi::password_calculated, m_wifi, &Wifi::connect, Qt::UniqueConnection);
-        connect(m_wifi, &Wifi::updateWifiState, this, &settingsnetwork::showStatus);
+        connect(m_wifi, &Wifi::updateWifiState, this, &settingsnetwork::followState);
     }
     return m_wifi;
 }
@@ -68,7 +68,7 @@ Wifi *settingsnetwork::wifi()
 void settingsnetwork::retranslate()
 {
     m_title->setText(tr("Wi-Fi Networks"));
-    m_hint->setText(tr("OK: join the network   R: scan again   D: disconnect   S: %1 password   PgUp/PgDn: other tabs")
+    m_hint->setText(tr("OK: join the network   R: scan again   D: disconnect   S: %1 password   PgUp/PgDn: tabs")
                         .arg(m_showPassword ? tr("Hide") : tr("Show")));
     showStatus();
 }
@@ -126,19 +126,31 @@ void settingsnetwork::updateWifiList(QString list, QString ssid, bool changed, b
     Q_UNUSED(changed)
     m_scanFailed = !good;
     m_joined = ssid == QLatin1String("off") ? QString() : ssid;
+    m_networks = good ? parseScan(list) : QList<Network>();
     setConnecting(false);
+    fillList();
+}
+
+void settingsnetwork::followState()
+{
+    // The link's own reading names the network joined, even before the next scan.
+    if (m_wifi)
+        m_joined = m_wifi->state() == Wifi::kNotConnected ? QString() : m_wifi->ssid();
+    fillList();
+}
+
+void settingsnetwork::fillList()
+{
     const QString current = m_list->currentItem() ? m_list->currentItem()->data(Qt::UserRole).toString() : QString();
     m_list->clear();
-    if (good) {
-        for (const Network &network : parseScan(list)) {
-            QString text = bars(network.quality) + QStringLiteral("  ") + network.ssid;
-            if (network.ssid == m_joined)
-                text += QStringLiteral("  (") + tr("Connected") + QLatin1Char(')');
-            auto *item = new QListWidgetItem(text, m_list);
-            item->setData(Qt::UserRole, network.ssid);
-            if (network.ssid == current)
-                m_list->setCurrentItem(item);
-        }
+    for (const Network &network : qAsConst(m_networks)) {
+        QString text = bars(network.quality) + QStringLiteral("  ") + network.ssid;
+        if (network.ssid == m_joined)
+            text += QStringLiteral("  (") + tr("Connected") + QLatin1Char(')');
+        auto *item = new QListWidgetItem(text, m_list);
+        item->setData(Qt::UserRole, network.ssid);
+        if (network.ssid == current)
+            m_list->setCurrentItem(item);
     }
     if (!m_list->currentItem() && m_list->count() > 0)
         m_list->setCurrentRow(0);

@@ -52,6 +52,8 @@ protected:
 private:
     Wifi *wifi();
     void setConnecting(bool connecting);
+    void followState();
+    void fillList();
     void showStatus();
     void retranslate();
 
@@ -63,6 +65,7 @@ private:
     QMovie *m_movie = nullptr;
     QListWidget *m_list = nullptr;
     QPointer<TextEntryDialog> m_passwordDialog;
+    QList<Network> m_networks;
     QString m_joined;
     QString m_chosen;
     bool m_connecting = false;

@@ -7,6 +7,7 @@
 #include "support/testunit.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QtTest>
 
 class TestSettingsNetwork : public QObject
@@ -87,6 +88,11 @@ private slots:
         keys.key(Qt::Key_Escape);
         QTRY_VERIFY(!page.passwordDialog());
         QVERIFY(!page.isConnecting());
+
+        // Joined: the list marks the network before the next scan comes.
+        Wifi::instance()->processInfo("wlan0  ESSID:\"Depot Office\"\n  Link Quality=60/70\n  inet 192.168.1.23");
+        QVERIFY(page.findChild<QListWidget *>()->item(0)->text().endsWith("(Connected)"));
+        QCOMPARE(page.statusText(), QStringLiteral("Connected to Depot Office (192.168.1.23)"));
     }
 };
 
