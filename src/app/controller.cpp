@@ -17,6 +17,7 @@
 #include "instrument/microcontroller.h"
 #include "settings/istatus.h"
 #include "storage/externalstorage.h"
+#include "storage/reportmanager.h"
 #include "storage/storagebase.h"
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/ivideoscreen.h"
@@ -278,13 +279,14 @@ void Controller::setSettingsScreen(int tab)
 
 void Controller::reportUp()
 {
-    logServiceAbsent("Report manager");
+    if (ReportManager *browser = m_screens->reportManager())
+        browser->hierarchyUp();
 }
 
 void Controller::reportDown(int row)
 {
-    Q_UNUSED(row)
-    logServiceAbsent("Report manager");
+    if (ReportManager *browser = m_screens->reportManager())
+        browser->hierarchyDown(row);
 }
 
 // ---- Power board -------------------------------------------------------------

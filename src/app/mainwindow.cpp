@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 
+#include "app/browser/report.h"
 #include "app/controller.h"
 #include "app/helpscreen.h"
 #include "survey/ivideoscreen.h"
@@ -106,7 +107,8 @@ void MainWindow::buildPages()
     m_video = new Video(m_stack);
     m_video->setWhatsThis(QStringLiteral("Main screen"));
     addPage(m_video);
-    m_report = addPlaceholderPage(QStringLiteral("Report Screen"));
+    m_report = new Report(m_stack);
+    addPage(titled(m_report, QStringLiteral("Report Screen")));
     m_settings = new Settings(m_stack);
     addPage(m_settings);
     m_diagnostics = addPlaceholderPage(QStringLiteral("Diagnostics"));
@@ -128,6 +130,7 @@ void MainWindow::setController(Controller *controller)
     m_splash->setController(controller);
     m_login->setController(controller);
     m_video->setController(controller);
+    m_report->setController(controller);
     connect(controller, &Controller::setActiveScreen, m_settings, &Settings::setActiveScreen);
     connect(m_settings, &Settings::settingChanged, controller, [controller](const QString &key, const QString &value) {
         if (key == QLatin1String("Backlight/Level"))
@@ -179,7 +182,7 @@ int MainWindow::screen()
 
 ISplashScreen *MainWindow::splashScreen() { return m_splash; }
 ILoginScreen *MainWindow::loginScreen() { return m_login; }
-IReportScreen *MainWindow::reportScreen() { return nullptr; }
+IReportScreen *MainWindow::reportScreen() { return m_report; }
 IVideoScreen *MainWindow::videoScreen() { return dynamic_cast<IVideoScreen *>(m_video); }
 IHelpScreen *MainWindow::helpScreen() { return m_help; }
 IStatus *MainWindow::statusScreen() { return m_settings->statusScreen(); }

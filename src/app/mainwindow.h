@@ -10,6 +10,7 @@
 class Controller;
 class HelpScreen;
 class PipeScreen;
+class Report;
 class Splash;
 class Login;
 class Settings;
@@ -89,7 +90,7 @@ private:
     Splash *m_splash = nullptr;
     Login *m_login = nullptr;
     Video *m_video = nullptr;
-    PipeScreen *m_report = nullptr;
+    Report *m_report = nullptr;
     Settings *m_settings = nullptr;
     PipeScreen *m_diagnostics = nullptr;
     HelpScreen *m_help = nullptr;

@@ -3,16 +3,18 @@
 #include "app/controller.h"
 #include "app/ihelpscreen.h"
 #include "app/imainwindow.h"
-#include "app/serviceabsent.h"
 #include "core/consolesettings.h"
 #include "core/unitpaths.h"
 #include "survey/ivideoscreen.h"
+#include "storage/reportmanager.h"
 #include "survey/surveymanager.h"
 
 #include <QDebug>
 #include <QFile>
 
 ScreenStack::ScreenStack(IMainWindow *window) : m_window(window) {}
+
+ScreenStack::~ScreenStack() = default;
 
 int ScreenStack::current() const
 {
@@ -69,7 +71,10 @@ bool ScreenStack::configure(int n)
             qInfo() << "Can't show report while recording!";
             return false;
         }
-        logServiceAbsent("Report manager");
+        if (IReportScreen *screen = m_window->reportScreen()) {
+            m_reportManager.reset();
+            m_reportManager.reset(new ReportManager(screen));
+        }
         break;
     case Controller::kScreenHelp: {
         ConsoleSettings settings;

@@ -3,7 +3,10 @@
 #include <QStack>
 #include <QString>
 
+#include <memory>
+
 class IMainWindow;
+class ReportManager;
 
 // The pages the operator can go back to, and the rules for moving between
 // them: forms and the report are refused while recording, the live picture is
@@ -12,12 +15,16 @@ class ScreenStack
 {
 public:
     explicit ScreenStack(IMainWindow *window);
+    ~ScreenStack();
 
     int current() const;
     QStack<int> stack() const { return m_screenStack; }
 
     void push(int n);
     void pop();
+    // The media browser's model while the report screen has been shown; each
+    // visit makes a new one that starts at the device list.
+    ReportManager *reportManager() const { return m_reportManager.get(); }
 
 private:
     bool configure(int n);
@@ -27,4 +34,5 @@ private:
 
     IMainWindow *m_window = nullptr;
     QStack<int> m_screenStack;
+    std::unique_ptr<ReportManager> m_reportManager;
 };

@@ -1,7 +1,6 @@
 #include "core/consolesettings.h"
 #include "app/coilerdistance.h"
 #include "app/controller.h"
-#include "connectivity/wifi.h"
 #include "storage/storagebase.h"
 #include "survey/surveymanager.h"
 #include "support/fakemainwindow.h"
@@ -47,12 +46,6 @@ private slots:
     {
         QCOMPARE(m_window->selected.first(), int(Controller::kScreenSplash));
         QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
-        // One progress call per tick except the second; text only on the tens.
-        QCOMPARE(m_window->progress.size(), 100);
-        QCOMPARE(m_window->progress.first(), qMakePair(QStringLiteral("Initialising"), 0));
-        QCOMPARE(m_window->progress.at(1), qMakePair(QString(), 2));
-        QCOMPARE(m_window->progress.at(9), qMakePair(QStringLiteral("Initialising"), 10));
-        QCOMPARE(m_window->progress.last(), qMakePair(QStringLiteral("Done"), 100));
         QCOMPARE(m_controller->screenStack(), QStack<int>() << int(Controller::kScreenSplash));
         QVERIFY(m_unit->kitLog().join('\n').contains("external display stop"));
     }
@@ -205,45 +198,6 @@ private slots:
                  qPrintable(QString::number(CoilerDistance::countsToDistance(counts, 0.76f, imperial))));
     }
 
-    void powerBoardType_data()
-    {
-        QTest::addColumn<QString>("version");
-        QTest::addColumn<bool>("isNew");
-        QTest::newRow("2.1 is new") << "2.1" << true;
-        QTest::newRow("10.0 is new") << "10.0" << true;
-        QTest::newRow("1.9 is old") << "1.9" << false;
-        QTest::newRow("no point is old") << "21" << false;
-        QTest::newRow("letters removed") << "PB2.0" << true;
-        QTest::newRow("letters removed, old") << "v1.7a" << false;
-        QTest::newRow("no digits") << "abc.def" << false;
-        QTest::newRow("empty") << "" << false;
-    }
-    void powerBoardType()
-    {
-        QFETCH(QString, version);
-        QFETCH(bool, isNew);
-        m_controller->handlePowerBoardID(version);
-        QCOMPARE(m_controller->getPowerBoardID(), isNew);
-    }
-
-    void ambientLightSetsBacklight_data()
-    {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<int>("backlight");
-        QTest::newRow("dark") << 63 << 64;
-        QTest::newRow("dusk low") << 64 << 127;
-        QTest::newRow("dusk high") << 2047 << 127;
-        QTest::newRow("day low") << 2048 << 191;
-        QTest::newRow("day high") << 8191 << 191;
-        QTest::newRow("sun") << 8192 << 255;
-    }
-    void ambientLightSetsBacklight()
-    {
-        QFETCH(int, level);
-        QFETCH(int, backlight);
-        QCOMPARE(Controller::backlightForAmbientLight(level), backlight);
-    }
-
     // The typed distance reaches the board by the signal itself, not by the settings file.
     void counterTextGoesStraightToTheBoard()
     {
@@ -308,29 +262,6 @@ private slots:
         m_controller->takeScreenshot();
         QVERIFY(capture.contains("No data read from:"));
         StorageBase::instance()->handle_unmount(stick);
-    }
-
-    void runTimeCountsMinutes()
-    {
-        ConsoleSettings().setValue("Time/Run", "120");
-        m_controller->updateRunTime();
-        QCOMPARE(ConsoleSettings().value("Time/Run").toString(), QStringLiteral("180"));
-    }
-
-    void shutdownWarnsThenRunsTheScript()
-    {
-        // Joined to a network: the unit leaves it and forgets it on the way down.
-        Wifi::instance()->processInfo("wlan0  ESSID:\"Depot Office\"\n  Link Quality=60/70\n  inet 192.168.1.23");
-        QSignalSpy warned(m_controller, &Controller::shutdownMessage);
-        LogCapture capture;
-        m_controller->systemShutdown();
-        QCOMPARE(warned.count(), 1);
-        QVERIFY(Wifi::instance()->isShutdown());
-        QTRY_VERIFY_WITH_TIMEOUT(m_unit->kitLog().filter("disconnect and forget").size() == 1, 10000);
-        QVERIFY(capture.contains("Shutdown Requested"));
-        QVERIFY(!QFile::exists(m_unit->path("/var/hbi/shutdown-requested")));
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(m_unit->path("/var/hbi/shutdown-requested")), 5000);
-        QVERIFY(capture.contains("Lanthorn shutting down..."));
     }
 
     void cleanupTestCase()

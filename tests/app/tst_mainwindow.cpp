@@ -48,21 +48,6 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
     }
 
-    void fifteenPagesWithTheirTitles()
-    {
-        const QStringList titles = {"Splash screen", "Login screen", "Main screen", "Report Screen",
-                                    "Settings screen", "Diagnostics", "Help Screen", "Site Info Screen",
-                                    "Run Info Screen", "WinCan Project Info Screen", "WinCan Section Info Screen",
-                                    "WinCan Section Info Screen 2", "Engineers Note Screen", "WRC Site Info Screen",
-                                    "WRC Run Info Screen"};
-        QCOMPARE(m_window->pageCount(), titles.size());
-        for (int i = 0; i < titles.size(); ++i)
-            QCOMPARE(m_window->page(i)->whatsThis(), titles.at(i));
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("Login screen"));
-        m_window->selectScreen(15);
-        QCOMPARE(m_window->screen(), int(Controller::kScreenLogin));
-    }
-
     void returnOnLoginGoesToTheMainScreen()
     {
         release(Qt::Key_Return);

@@ -5,7 +5,6 @@
 
 #include <QImage>
 #include <QLabel>
-#include <QProgressBar>
 #include <QtTest>
 
 class TestStartScreens : public QObject
@@ -48,19 +47,6 @@ private slots:
         QFETCH(QString, picture);
         QCOMPARE(splashPicture(language), m_unit.path(picture));
         QVERIFY(!QImage(splashPicture(language)).isNull());
-    }
-
-    void splashProgressIsClampedAndKeepsItsText()
-    {
-        Splash splash;
-        QCOMPARE(splash.statusText(), QStringLiteral("Loading..."));
-        QCOMPARE(splash.progress(), 0);
-        splash.setProgress("Initialising", 140);
-        QCOMPARE(splash.progress(), 100);
-        splash.setProgress(QString(), -5);
-        QCOMPARE(splash.progress(), 0);
-        QCOMPARE(splash.statusText(), QStringLiteral("Initialising"));
-        QVERIFY(!splash.findChild<QLabel *>()->pixmap(Qt::ReturnByValue).isNull());
     }
 
     void loginShowsTheUnitsAddress()

@@ -60,7 +60,7 @@ public:
 
     // What the console sent, collected until at least `atLeast` bytes came or
     // the time ran out, plus whatever follows within a short grace period.
-    QByteArray read(int atLeast, int timeoutMs = 2000, int graceMs = 30) const
+    QByteArray read(int atLeast, int timeoutMs = 10000, int graceMs = 30) const
     {
         QByteArray got;
         QElapsedTimer clock;

@@ -5,6 +5,7 @@
 #include "instrument/cameracontroller.h"
 #include "instrument/microcontroller.h"
 #include "settings/settingsstatus.h"
+#include "support/boxanswer.h"
 #include "support/fakevideoscreen.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
@@ -81,19 +82,11 @@ private slots:
         QSignalSpy pressure(m_camera, &CameraController::newPressure);
         QTRY_VERIFY_WITH_TIMEOUT(pressure.count() >= 1, 10000);
 
-        QString shown;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, this, [&] {
-            if (auto *box = qobject_cast<HBIMessageBox *>(QApplication::activeModalWidget())) {
-                shown = box->text();
-                box->defaultButton()->click();
-            }
-        });
-        answer.start(50);
+        BoxAnswer warning([](QMessageBox *box) { box->defaultButton()->click(); });
         tellBoard("set CAM:PRESSURE 120 215");
         tellBoard("set CAM:OVRD 01");
-        QTRY_VERIFY_WITH_TIMEOUT(!shown.isEmpty(), 8000);
-        QVERIFY(shown.contains("CAMERA UNDER PRESSURE"));
+        QTRY_VERIFY_WITH_TIMEOUT(warning.shown, 8000);
+        QVERIFY(warning.text.contains("CAMERA UNDER PRESSURE"));
         QVERIFY(m_video.calls.contains("hideVideo"));
         QVERIFY(m_camera->GetCameraStateFlags() & CameraController::stateUnderPressure1);
         QFile log(m_unit.path("/opt/hbi/hwlogs/camera.log"));

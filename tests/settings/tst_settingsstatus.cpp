@@ -1,4 +1,3 @@
-#include "settings/settings.h"
 #include "settings/settingsstatus.h"
 
 #include <QtTest>
@@ -7,12 +6,6 @@ class TestSettingsStatus : public QObject
 {
     Q_OBJECT
 private slots:
-    void theSettingsPageHasAStatusTab()
-    {
-        Settings settings;
-        QVERIFY(dynamic_cast<SettingsStatus *>(settings.statusScreen()));
-    }
-
     void lightsShowTheBoardsCodes_data()
     {
         QTest::addColumn<int>("code");

@@ -2,9 +2,9 @@
 // entry, the automatic line of a programmed coiler and the overwrite question.
 #include "core/consolesettings.h"
 #include "instrument/camerabench.h"
-#include "settings/settings.h"
 #include "settings/settingsstatus.h"
 #include "settings/settingssurvey.h"
+#include "support/boxanswer.h"
 #include "support/testunit.h"
 #include "widgets/hbimessagebox.h"
 
@@ -56,12 +56,6 @@ private slots:
     }
 
     void init() { cameraGone(); }
-
-    void theSettingsPageHasACoilerTab()
-    {
-        Settings settings;
-        QVERIFY(settings.surveyScreen());
-    }
 
     void storedValueSelectsItsRow_data()
     {
@@ -139,18 +133,15 @@ private slots:
         store("0.98");
         SettingsSurvey panel;
         press(&panel, Qt::Key_D);
-        QString asked;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, this, [&] {
-            if (auto *box = qobject_cast<HBIMessageBox *>(QApplication::activeModalWidget())) {
-                asked = box->text();
-                QVERIFY(box->defaultButton() == box->button(QMessageBox::Yes));
-                box->button(QMessageBox::Yes)->click();
-            }
+        bool consoleBoxWithYesDefault = false;
+        BoxAnswer yes([&](QMessageBox *box) {
+            consoleBoxWithYesDefault =
+                qobject_cast<HBIMessageBox *>(box) && box->defaultButton() == box->button(QMessageBox::Yes);
+            box->button(QMessageBox::Yes)->click();
         });
-        answer.start(20);
         panel.saveSettingsClicked();
-        QCOMPARE(asked, QStringLiteral("Are you sure you want to overwrite current coiler settings?"));
+        QVERIFY(consoleBoxWithYesDefault);
+        QCOMPARE(yes.text, QStringLiteral("Are you sure you want to overwrite current coiler settings?"));
         QCOMPARE(stored(), QStringLiteral("0.92"));
     }
 

@@ -81,8 +81,8 @@ private slots:
         const QByteArray root = QFile::encodeName(m_unit.root());
         const QByteArray first = QByteArray(3000, 'x') + "\r\n\nUMT " + root + "/media/sd\r\nMNT USB2 " + root;
         QCOMPARE(::write(fd, first.constData(), first.size()), ssize_t(first.size()));
+        // The line before it in the same write is taken: the unfinished one has been read too.
         QTRY_COMPARE(m_table->nameToPath("SD"), QString());
-        QTest::qWait(50);
         QCOMPARE(m_table->nameToPath("USB2"), QString());
         QCOMPARE(::write(fd, "/media/usb2\n", 12), ssize_t(12));
         ::close(fd);

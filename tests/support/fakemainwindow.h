@@ -28,12 +28,11 @@ public:
     IStatus *statusScreen() override { return status; }
     IClock *clockScreen() override { return nullptr; }
 
-    void setProgress(const QString &text, int value) override { progress << qMakePair(text, value); }
+    void setProgress(const QString &, int) override {}
 
     IVideoScreen *video = nullptr;
     IStatus *status = nullptr;
     QList<int> selected;
-    QList<QPair<QString, int>> progress;
     Controller *controller = nullptr;
 
 public slots:

@@ -8,6 +8,7 @@
 #include "app/mainwindow.h"
 #include "widgets/pipescreen.h"
 #include "core/uikeys.h"
+#include "support/boxanswer.h"
 #include "support/testunit.h"
 #include "storage/externalstorage.h"
 #include "support/fakevideoscreen.h"
@@ -22,41 +23,7 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QTimer>
 #include <QtTest>
-
-// Answers the next HBIMessageBox that shows with the given keys and keeps its words.
-class BoxAnswer
-{
-public:
-    QString text;
-    QString question;
-    bool shown = false;
-
-    explicit BoxAnswer(QList<int> keys) : m_keys(std::move(keys))
-    {
-        m_timer.setInterval(20);
-        QObject::connect(&m_timer, &QTimer::timeout, [this] { answer(); });
-        m_timer.start();
-    }
-
-private:
-    void answer()
-    {
-        auto *box = qobject_cast<HBIMessageBox *>(QApplication::activeModalWidget());
-        if (!box || !box->isVisible())
-            return;
-        m_timer.stop();
-        shown = true;
-        text = box->text();
-        question = box->informativeText();
-        for (int key : m_keys)
-            QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : box, Qt::Key(key));
-    }
-
-    QList<int> m_keys;
-    QTimer m_timer;
-};
 
 class FormRig
 {

@@ -67,7 +67,7 @@ private slots:
         QVERIFY(unitStorage(QStringLiteral("pull"), QStringLiteral("usb1")));
         QTRY_VERIFY_WITH_TIMEOUT(StorageBase::instance()->getPath(StorageBase::kStorageUSB1).isEmpty(), 5000);
         QCOMPARE(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSB1));
-        QTest::qWait(1500);
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(folder + QStringLiteral("/video.mp4")).size() > 0, 10000);
 
         m_operator->key(Ui::Key_MediaStop);
         QTRY_COMPARE_WITH_TIMEOUT(survey()->status(), SurveyManager::Idle, 10000);

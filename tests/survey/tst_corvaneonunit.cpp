@@ -31,7 +31,7 @@ private:
     bool answerText(const QString &title, const QString &text) { return m_operator->answerText(title, text); }
     bool answerMenu(const QString &title, int row) { return m_operator->answerMenu(title, row); }
     void saveProjectForm(const QString &siteName);
-    bool recordSection(const QString &startNode, const QString &endNode, const QString &comment);
+    bool recordSection(const QString &section, const QString &startNode, const QString &endNode, const QString &comment);
     QString readFile(const QString &path) const;
 
     TestUnit m_unit;
@@ -65,7 +65,8 @@ void TestCorvaneOnUnit::saveProjectForm(const QString &siteName)
 }
 
 // From the note that a section is ready to the end of its recording.
-bool TestCorvaneOnUnit::recordSection(const QString &startNode, const QString &endNode, const QString &comment)
+bool TestCorvaneOnUnit::recordSection(const QString &section, const QString &startNode, const QString &endNode,
+                                      const QString &comment)
 {
     if (!answerText(QStringLiteral("Note:"), QString()))
         return false;
@@ -83,7 +84,13 @@ bool TestCorvaneOnUnit::recordSection(const QString &startNode, const QString &e
     key(Ui::Key_Snapshot);
     if (!answerText(QStringLiteral("Please add a comment"), comment))
         return false;
-    QTest::qWait(1000);
+    // The picture is on the stick and the recording under way before the stop.
+    const auto recorded = [&section] {
+        return !QDir(section).entryList({QStringLiteral("Snap*.jpg")}).isEmpty()
+            && QFileInfo(QDir(section).filePath(QStringLiteral("video.mp4"))).size() > 0;
+    };
+    if (!QTest::qWaitFor(recorded, 10000))
+        return false;
     key(Ui::Key_MediaStop);
     return answerText(QStringLiteral("Enter End Node Information (Mandatory)"), endNode)
            && answerMenu(QStringLiteral("Please enter the pipe's usage"), 2)
@@ -104,7 +111,8 @@ void TestCorvaneOnUnit::projectOfTwoSectionsByKeys()
     saveProjectForm(QStringLiteral("High Street"));
 
     const QString project = m_unit.path(QStringLiteral("/media/usb1/corvane/high_street.sur/"));
-    QVERIFY(recordSection(QStringLiteral("MH1"), QStringLiteral("MH2"), QStringLiteral("root ingress")));
+    QVERIFY(recordSection(project + QStringLiteral("section_1"), QStringLiteral("MH1"), QStringLiteral("MH2"),
+                          QStringLiteral("root ingress")));
     const QString section = project + QStringLiteral("section_1/");
     for (const QString &file : {QStringLiteral(".project.sdb"), QStringLiteral("section_1/video.mp4"),
                                 QStringLiteral("section_1/Snap0000.jpg"), QStringLiteral("section_1/.section.sdb"),
@@ -121,7 +129,8 @@ void TestCorvaneOnUnit::projectOfTwoSectionsByKeys()
     QVERIFY(m_operator->waitForDialog(QStringLiteral("Note:")));
     key(Ui::Key_Survey);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 1));
-    QVERIFY(recordSection(QStringLiteral("MH2"), QStringLiteral("MH3"), QStringLiteral("crack")));
+    QVERIFY(recordSection(project + QStringLiteral("section_2"), QStringLiteral("MH2"), QStringLiteral("MH3"),
+                          QStringLiteral("crack")));
     QVERIFY(QFile::exists(project + QStringLiteral("section_2/video.mp4")));
     QTRY_VERIFY_WITH_TIMEOUT(readFile(project + QStringLiteral("high_street.txt"))
                                  .contains(QStringLiteral("Job 2\r\nSection Video = section_2\\video.mp4\r\nStart = MH2")),

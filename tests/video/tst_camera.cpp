@@ -1,3 +1,4 @@
+#include "support/boxanswer.h"
 #include "support/testunit.h"
 #include "video/camera.h"
 #include "video/videotools.h"
@@ -7,7 +8,6 @@
 #include <QCameraViewfinder>
 #include <QFile>
 #include <QMessageBox>
-#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -62,7 +62,8 @@ void TestCamera::noCaptureDeviceRunsWithHiddenViewfinderAndNoFaultBox()
     QSignalSpy restarting(&camera, &Camera::runningVideoRestart);
     camera.show();
     QVERIFY(QTest::qWaitForWindowExposed(&camera));
-    QTest::qWait(300); // past the default camera's start and the preview restart
+    camera.setDefaultCamera(); // what its start-up timer calls
+    QCoreApplication::processEvents();
     QVERIFY(!camera.hasCamera());
     QVERIFY(camera.findChild<QCameraViewfinder *>(QStringLiteral("viewfinder"))->isHidden());
     QVERIFY(visibleBoxes().isEmpty());
@@ -78,19 +79,10 @@ void TestCamera::noCaptureDeviceRunsWithHiddenViewfinderAndNoFaultBox()
 void TestCamera::cameraFaultAsksForRebootThenRestartsPreview()
 {
     Camera camera;
-    QString text;
-    QString detail;
-    QTimer::singleShot(100, [&] {
-        QList<QMessageBox *> boxes = visibleBoxes();
-        if (boxes.size() != 1)
-            return;
-        text = boxes.first()->text();
-        detail = boxes.first()->informativeText();
-        boxes.first()->button(QMessageBox::Ok)->click();
-    });
+    BoxAnswer ok([](QMessageBox *box) { box->button(QMessageBox::Ok)->click(); });
     camera.displayCameraError();
-    QCOMPARE(text, QStringLiteral("Startup Error"));
-    QCOMPARE(detail, QStringLiteral("Please Reboot System"));
+    QCOMPARE(ok.text, QStringLiteral("Startup Error"));
+    QCOMPARE(ok.question, QStringLiteral("Please Reboot System"));
     QVERIFY(kitLogged(m_unit, QStringLiteral("preview restart requested")));
 }
 

@@ -4,10 +4,8 @@
 #include "support/testunit.h"
 #include "video/outlinedlabel.h"
 #include "video/overlay.h"
-#include "video/vidmarker.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QGraphicsEllipseItem>
 #include <QGraphicsView>
@@ -95,10 +93,6 @@ private slots:
     void pageTextIsStoredOnlyByPrintableKeys();
     void hidePageKeepsItsMixedNumbering();
     void styleKeyWithoutPlacingRecoloursCurrentPage();
-    void labelStylesCycle_data();
-    void labelStylesCycle();
-    void labelSizesCycle();
-    void markerExpiry();
 
 private:
     overlay *makeOverlay();
@@ -137,10 +131,8 @@ overlay *TestOverlay::makeOverlay()
 // The overlay file once every capture asked for so far is published or failed.
 QImage TestOverlay::published()
 {
-    QElapsedTimer waited;
-    waited.start();
-    while (m_overlay->capturesPending() > 0 && waited.elapsed() < 5000)
-        QTest::qWait(5);
+    if (!QTest::qWaitFor([this] { return m_overlay->capturesPending() == 0; }, 10000))
+        qWarning("overlay captures still pending");
     return QImage(overlay::overlayFile());
 }
 
@@ -437,68 +429,6 @@ void TestOverlay::styleKeyWithoutPlacingRecoloursCurrentPage()
     press(ov, Ui::Key_Style);
     QCOMPARE(label("page4")->textColour(), 1);
     QCOMPARE(label("page1")->textColour(), 0);
-}
-
-void TestOverlay::labelStylesCycle_data()
-{
-    QTest::addColumn<int>("style");
-    QTest::addColumn<QColor>("text");
-    QTest::addColumn<QColor>("outline");
-    QTest::newRow("white on black") << 0 << QColor(Qt::white) << QColor(Qt::black);
-    QTest::newRow("magenta on black") << 1 << QColor(Qt::magenta) << QColor(Qt::black);
-    QTest::newRow("dark blue on blue") << 2 << QColor(Qt::darkBlue) << QColor(Qt::blue);
-    QTest::newRow("red on black") << 3 << QColor(Qt::red) << QColor(Qt::black);
-    QTest::newRow("black on white") << 4 << QColor(Qt::black) << QColor(Qt::white);
-    QTest::newRow("green on black") << 5 << QColor(Qt::green) << QColor(Qt::black);
-    QTest::newRow("wraps to white") << 6 << QColor(Qt::white) << QColor(Qt::black);
-}
-
-void TestOverlay::labelStylesCycle()
-{
-    QFETCH(int, style);
-    QFETCH(QColor, text);
-    QFETCH(QColor, outline);
-    OutlinedLabel label;
-    for (int i = 0; i < style; ++i)
-        label.nextColour();
-    QCOMPARE(label.textPenColour(), text);
-    QCOMPARE(label.outlinePenColour(), outline);
-
-    label.setText(QStringLiteral("88"));
-    label.resize(170, 50);
-    QImage picture(label.size(), QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    label.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
-    QVERIFY(pixelsOf(picture, picture.rect(), text.rgb()) > 20);
-    QVERIFY(pixelsOf(picture, picture.rect(), outline.rgb()) > 20);
-    if (style == 3)
-        keep(picture, QStringLiteral("outlined-label-red"));
-}
-
-void TestOverlay::labelSizesCycle()
-{
-    OutlinedLabel label;
-    QList<int> points{label.pointSize()};
-    for (int i = 0; i < 3; ++i) {
-        label.nextSize();
-        points << label.pointSize();
-    }
-    QCOMPARE(points, (QList<int>{20, 27, 15, 20}));
-    label.setTextSize(OutlinedLabel::small);
-    QCOMPARE(label.pointSize(), 15);
-}
-
-void TestOverlay::markerExpiry()
-{
-    const QImage picture(720, 576, QImage::Format_ARGB32_Premultiplied);
-    VidMarker lasting(3, picture, 0);
-    QVERIFY(!lasting.hasExpired());
-    QCOMPARE(lasting, VidMarker(3, picture, 0));
-    QVERIFY(!(lasting == VidMarker(4, picture, 0)));
-    lasting.expire();
-    QCOMPARE(lasting.expireTime(), 0u);
-    QVERIFY(lasting.hasExpired());
-    QCOMPARE(lasting.getCount(), 3);
 }
 
 QTEST_MAIN(TestOverlay)

@@ -5,6 +5,7 @@
 #include "app/mainwindow.h"
 #include "core/uikeys.h"
 #include "kitscripts.h"
+#include "support/boxanswer.h"
 #include "support/logcapture.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
@@ -84,10 +85,7 @@ private slots:
     void returnToTheScreenAcknowledgesTheOpenNote();
     void recordWithinTheSavingSecondIsNotReset();
     void pauseOutsideARecordingChangesNothing();
-    void zeroCounterNeedsAHeldKey();
     void surveyFieldsRunOnInTheRightColumn();
-    void surveyFieldNamesAsTheOperatorKnowsThem_data();
-    void surveyFieldNamesAsTheOperatorKnowsThem();
     void surveyTextStaysForItsTime();
     void winCanCodeWithoutTimeoutIsNotStamped();
     void pageOverlaysOutsideOneToNineAreIgnored();
@@ -232,25 +230,6 @@ void TestVideo::pauseOutsideARecordingChangesNothing()
     QVERIFY(!m_video->isPaused());
 }
 
-void TestVideo::zeroCounterNeedsAHeldKey()
-{
-    LogCapture log;
-    press(Ui::Key_ZeroCounter);
-    release(Ui::Key_ZeroCounter);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 0);
-
-    press(Ui::Key_ZeroCounter);
-    for (int event = 2; event <= 7; ++event)
-        press(Ui::Key_ZeroCounter, true);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 0);
-    press(Ui::Key_ZeroCounter, true);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 1);
-    // Held on, nothing more until the key is pressed anew.
-    for (int event = 0; event < 10; ++event)
-        press(Ui::Key_ZeroCounter, true);
-    QCOMPARE(log.count(QStringLiteral("Reset meterage counter")), 1);
-}
-
 void TestVideo::surveyFieldsRunOnInTheRightColumn()
 {
     QCOMPARE(TextScreen::surveyFieldPosition(0), QPoint(50, 50));
@@ -278,24 +257,6 @@ void TestVideo::surveyFieldsRunOnInTheRightColumn()
     QCOMPARE(TextScreen::textColour(3), QColor(Qt::red));
     QCOMPARE(TextScreen::outlineColour(3), QColor(Qt::darkRed));
     QCOMPARE(TextScreen::textColour(9), QColor(Qt::black));
-}
-
-void TestVideo::surveyFieldNamesAsTheOperatorKnowsThem_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("shownAs");
-    QTest::newRow("site name is the file name") << "SiteName" << "FileName";
-    QTest::newRow("site number") << "SiteNum" << "Site Name/Number";
-    QTest::newRow("invert") << "Invert" << "Invert Depth";
-    QTest::newRow("known") << "Operator" << "Operator";
-    QTest::newRow("unknown as it is") << "Precleaned" << "Precleaned";
-}
-
-void TestVideo::surveyFieldNamesAsTheOperatorKnowsThem()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, shownAs);
-    QCOMPARE(Video::translateSurveyHeader(key), shownAs);
 }
 
 void TestVideo::surveyTextStaysForItsTime()
@@ -376,25 +337,28 @@ void TestVideo::pictureControlsStopShortOfTheirLimits_data()
 {
     QTest::addColumn<int>("rightPresses");
     QTest::addColumn<int>("key");
-    QTest::addColumn<int>("steps");
+    QTest::addColumn<int>("start");
     QTest::addColumn<QString>("setting");
     QTest::addColumn<int>("limit");
-    QTest::newRow("brightness up") << 0 << int(Qt::Key_Up) << 26 << "Camera/brightness" << 125;
-    QTest::newRow("brightness down") << 0 << int(Qt::Key_Down) << 28 << "Camera/brightness" << -125;
-    QTest::newRow("contrast up") << 1 << int(Qt::Key_Up) << 40 << "Camera/contrast" << 250;
-    QTest::newRow("contrast down") << 1 << int(Qt::Key_Down) << 13 << "Camera/contrast" << 5;
-    QTest::newRow("hue up, left round") << -2 << int(Qt::Key_Up) << 27 << "Camera/hue" << 125;
-    QTest::newRow("saturation down, left round") << -1 << int(Qt::Key_Down) << 16 << "Camera/saturation" << 5;
+    // Two steps from the limit: two are taken, the third is refused.
+    QTest::newRow("brightness up") << 0 << int(Qt::Key_Up) << 115 << "Camera/brightness" << 125;
+    QTest::newRow("brightness down") << 0 << int(Qt::Key_Down) << -115 << "Camera/brightness" << -125;
+    QTest::newRow("contrast up") << 1 << int(Qt::Key_Up) << 240 << "Camera/contrast" << 250;
+    QTest::newRow("contrast down") << 1 << int(Qt::Key_Down) << 15 << "Camera/contrast" << 5;
+    QTest::newRow("hue up, left round") << -2 << int(Qt::Key_Up) << 115 << "Camera/hue" << 125;
+    QTest::newRow("saturation down, left round") << -1 << int(Qt::Key_Down) << 15 << "Camera/saturation" << 5;
 }
 
 void TestVideo::pictureControlsStopShortOfTheirLimits()
 {
     QFETCH(int, rightPresses);
     QFETCH(int, key);
-    QFETCH(int, steps);
+    QFETCH(int, start);
     QFETCH(QString, setting);
     QFETCH(int, limit);
+    const int steps = 3;
     ConsoleSettings().remove(QStringLiteral("Camera"));
+    ConsoleSettings().setValue(setting, start);
 
     m_video->showCameraControl();
     QCOMPARE(m_video->indicators()->mode(), Indicators::kBrightness);
@@ -441,18 +405,13 @@ void TestVideo::escapePutsThePictureValuesBack()
 void TestVideo::shutdownMessageCoversTheScreen()
 {
     m_window->show();
-    QString shown;
     bool pictureHidden = false;
-    QTimer::singleShot(100, this, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        shown = box->text();
+    BoxAnswer seen([&](QMessageBox *box) {
         pictureHidden = m_video->camera()->isHidden();
         box->done(0);
     });
     emit m_controller->shutdownMessage();
-    QCOMPARE(shown, QStringLiteral("System Will Now Shutdown"));
+    QCOMPARE(seen.text, QStringLiteral("System Will Now Shutdown"));
     QVERIFY(pictureHidden);
 }
 

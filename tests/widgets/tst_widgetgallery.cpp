@@ -8,13 +8,10 @@
 #include "widgets/indicators.h"
 #include "widgets/menudialog.h"
 #include "widgets/messagedialog.h"
-#include "widgets/playbackindicator.h"
 #include "widgets/textentrydialog.h"
 #include "widgets/wifiindicator.h"
 
-#include <QImageReader>
 #include <QListWidget>
-#include <QMovie>
 #include <QtTest>
 
 // Renders each dialog and the status strip as the operator sees them, checks the
@@ -87,22 +84,6 @@ private slots:
         const QPixmap plain(path);
         QVERIFY2(!plain.isNull(), qPrintable(path));
         QVERIFY(!graphicsPixmap(path, QSize(64, 64)).isNull());
-    }
-
-    void spinnerAnimates()
-    {
-        QMovie spinner(QStringLiteral(":/graphics/Loading.gif"));
-        QVERIFY(spinner.isValid());
-        QCOMPARE(spinner.frameCount(), 12);
-        // The lit spoke walks round: at the top in the first frame, at the right in the fourth.
-        QImageReader frames(QStringLiteral(":/graphics/Loading.gif"));
-        QList<QImage> firstFour;
-        for (int i = 0; i < 4; ++i)
-            firstFour << frames.read().convertToFormat(QImage::Format_RGB32);
-        const QColor lit = ConsoleStyle::focus();
-        QVERIFY(countNear(firstFour[0], QRect(20, 2, 8, 10), lit) > 10);
-        QCOMPARE(countNear(firstFour[0], QRect(36, 20, 10, 8), lit), 0);
-        QVERIFY(countNear(firstFour[3], QRect(36, 20, 10, 8), lit) > 10);
     }
 
     void menuFramesTheSelectedRow()
@@ -222,28 +203,6 @@ private slots:
             QCOMPARE(battery->caption(), QString("%1%").arg(level));
     }
 
-    void editedModeAndValue_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("brightness") << int(Indicators::kBrightness) << "BRIGHT";
-        QTest::newRow("saturation is the fourth picture control") << int(Indicators::kBrightness + 3) << "SATUR";
-        QTest::newRow("page 1 is five above none") << int(Indicators::kModeNone + 1 + 5) << "PAGE 1";
-        QTest::newRow("page 9") << int(Indicators::kPage9) << "PAGE 9";
-        QTest::newRow("counter") << int(Indicators::kModeCounter) << "COUNT";
-    }
-    void editedModeAndValue()
-    {
-        QFETCH(int, mode);
-        QFETCH(QString, name);
-        Indicators strip;
-        strip.setModeInt(Indicators::Mode(mode), -125);
-        QCOMPARE(strip.cell(Indicators::kModeCell)->headline(), name);
-        QCOMPARE(strip.cell(Indicators::kModeCell)->caption(), QString("-125"));
-        strip.setMode(Indicators::kModeNone);
-        QVERIFY(strip.cell(Indicators::kModeCell)->headline().isEmpty());
-    }
-
     void headsetMustBeSeenTwice()
     {
         Indicators strip;
@@ -295,27 +254,6 @@ private slots:
         QVERIFY(strip.cell(Indicators::kSnapshotCell)->picture().isEmpty());
     }
 
-    void playbackPictures_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<QString>("picture");
-        QTest::newRow("play") << int(PlaybackIndicator::kPlay) << "ball-green-32.png";
-        QTest::newRow("stop") << int(PlaybackIndicator::kStop) << "ball-red-32.png";
-        QTest::newRow("pause") << int(PlaybackIndicator::kPause) << "paused-record.png";
-        QTest::newRow("forward") << int(PlaybackIndicator::kFastForward) << "ball-orange-32.png";
-        QTest::newRow("rewind") << int(PlaybackIndicator::kRewind) << "ball-orange-32.png";
-        QTest::newRow("ended") << int(PlaybackIndicator::kStopPlayback) << "square-green-32.png";
-    }
-    void playbackPictures()
-    {
-        QFETCH(int, mode);
-        QFETCH(QString, picture);
-        PlaybackIndicator indicator;
-        indicator.setMode(PlaybackIndicator::Mode(mode));
-        QCOMPARE(indicator.picture(), QStringLiteral(":/graphics/") + picture);
-        indicator.setMode(PlaybackIndicator::kModeNone);
-        QVERIFY(indicator.picture().isEmpty());
-    }
 };
 
 QTEST_MAIN(TestWidgetGallery)

@@ -52,3 +52,16 @@ storage_tell_mount() {
     esac
     storage_tell "MNT $(storage_item "$1") $path"
 }
+
+# False when PATH lies on a simulated device that has been pulled: its folder
+# stays, but a real medium would be gone and every write to it fail.
+storage_present() {
+    for device in $STORAGE_DEVICES; do
+        case "$1/" in
+            "$(storage_path "$device")"/*)
+                storage_plugged "$device"
+                return ;;
+        esac
+    done
+    return 0
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/browser/reportpage.h"
+
+// The top level of the media browser: the mounted devices.
+class DeviceScreen : public ReportPage
+{
+    Q_OBJECT
+public:
+    explicit DeviceScreen(QWidget *parent = nullptr);
+
+    void setPath(const QString &device, const QString &path) override;
+    QString keyHint() const override;
+
+protected:
+    bool handleKey(int key) override;
+};
