@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Start-up benchmark, run by hand: time from process start to the event loop,
-# and resident memory once the main screen is showing. Runs the real console on
-# a fresh simulated unit under Xvfb and presses Return on the login screen.
-#   bench/startup.sh [RUNS] [BUILD_DIR]
+# Start-up benchmark, run by hand: how long from launch until the event loop turns
+# and until the main window first paints, for the real console on a fresh simulated
+# unit and for a bare Qt window of the same size started the same way, runs
+# interleaved under one Xvfb. Prints each run, the medians and the console's ratios
+# to the bare window, and the console's resident memory at the login screen.
+#   bench/startup.sh [RUNS (default 7)] [BUILD_DIR]
 set -euo pipefail
 repo=$(cd "$(dirname "$0")/.." && pwd)
-runs="${1:-5}"
+runs="${1:-7}"
 build="${2:-$repo/build}"
 work=$(mktemp -d)
 trap 'kill "${xvfb:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
@@ -17,30 +19,52 @@ export DISPLAY=":$number"
 for _ in $(seq 50); do [ -S "/tmp/.X11-unix/X$number" ] && break; sleep 0.1; done
 export XDG_RUNTIME_DIR="$work/xdg"; mkdir -m 0700 "$XDG_RUNTIME_DIR"
 
-now_ms() { date +%s%3N; }
 wait_for() { # file pattern
-    for _ in $(seq 2000); do grep -q "$2" "$1" 2>/dev/null && return 0; sleep 0.005; done
-    echo "timed out waiting for '$2'" >&2; return 1
+    for _ in $(seq 1500); do grep -q "$2" "$1" 2>/dev/null && return 0; sleep 0.02; done
+    echo "timed out waiting for '$2' in $1" >&2; return 1
+}
+ms_of() { # file label: the milliseconds the program logged for it
+    grep -o "$2 [0-9.]* ms after start" "$1" | head -1 | awk '{print $(NF-3)}'
+}
+# Launched from a subshell that stamps the launch time just before exec, so the
+# dynamic loading of the program counts.
+launch() { # directory program output
+    (cd "$1" && export DUCTLINE_LAUNCHED_AT=${EPOCHREALTIME/./} && exec "$2") >"$3" 2>&1 &
+    pid=$!
 }
 
-printf '%-4s %14s %14s %12s\n' run "to loop (ms)" "in main (ms)" "RSS (KiB)"
+printf '%-4s %10s %10s %12s %12s %10s\n' run "bare loop" "bare paint" "console loop" "console paint" "RSS (KiB)"
+: >"$work/figures"
 for run in $(seq "$runs"); do
+    out="$work/bare$run.out"
+    launch "$work" "$build/bench/bench_barewindow" "$out"
+    wait "$pid" || true
+    bare_loop=$(ms_of "$out" "Event loop running")
+    bare_paint=$(ms_of "$out" "Main window painted")
+
     root="$work/root$run"
+    out="$work/console$run.out"
     (eval "$("$repo/unit/make-root" "$root" "$build")"
-     log="$root/opt/hbi/log/Ductline-$(date +%d%m%Y).log"
-     start=$(now_ms)
-     (cd "$root" && exec "$build/src/Ductline") >/dev/null 2>&1 &
-     pid=$!
-     wait_for "$log" "Event loop running"
-     loop=$(( $(now_ms) - start ))
-     inmain=$(grep -o 'Event loop running [0-9]*' "$log" | grep -o '[0-9]*$')
-     wait_for "$log" "Screen 1: Login screen"
-     sleep 0.3
-     xdotool search --sync --class Ductline windowactivate --sync 2>/dev/null || true
-     xdotool key Return
-     wait_for "$log" "Screen 2: Main screen"
-     sleep 0.5
+     launch "$root" "$build/src/Ductline" "$out"
+     wait_for "$out" "Main window painted"
+     wait_for "$out" "Screen 1: Login screen"
      rss=$(awk '/VmRSS/ {print $2}' "/proc/$pid/status")
      kill -TERM "$pid"; wait "$pid" 2>/dev/null || true
-     printf '%-4s %14s %14s %12s\n' "$run" "$loop" "$inmain" "$rss")
+     echo "$rss" >"$work/rss")
+    loop=$(ms_of "$out" "Event loop running")
+    paint=$(ms_of "$out" "Main window painted")
+    rss=$(cat "$work/rss")
+    printf '%-4s %10s %10s %12s %12s %10s\n' "$run" "$bare_loop" "$bare_paint" "$loop" "$paint" "$rss"
+    echo "$bare_loop $bare_paint $loop $paint $rss" >>"$work/figures"
 done
+
+median() { # column
+    awk -v c="$1" '{print $c}' "$work/figures" | sort -g | awk '{v[NR]=$1} END {print (NR % 2) ? v[(NR+1)/2] : (v[NR/2]+v[NR/2+1])/2}'
+}
+bl=$(median 1); bp=$(median 2); cl=$(median 3); cp=$(median 4); rss=$(median 5)
+echo
+printf 'medians of %s runs: bare window loop %s ms, paint %s ms; console loop %s ms, paint %s ms; RSS %s KiB\n' \
+    "$runs" "$bl" "$bp" "$cl" "$cp" "$rss"
+awk -v bl="$bl" -v bp="$bp" -v cl="$cl" -v cp="$cp" 'BEGIN {
+    printf "console / bare window: event loop %.2f times (target 2.5), window painted %.2f times (target 2)\n", cl / bl, cp / bp }'
+printf 'load average at the end: %s\n' "$(cut -d' ' -f1-3 /proc/loadavg)"

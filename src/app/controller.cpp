@@ -136,7 +136,7 @@ void Controller::runVgaScript()
     m_process->start(QStringLiteral("/bin/sh"),
                      {unitPath(QStringLiteral("/opt/hbi/bin/vga_set.sh")),
                       external ? QStringLiteral("start") : QStringLiteral("stop")});
-    m_process->waitForFinished(-1);
+    // Nothing here reads its answer, so the screens are built while it runs.
 }
 
 void Controller::createServices()
@@ -145,7 +145,7 @@ void Controller::createServices()
     process = ProcessController::instance(this);
     storagebase = StorageBase::instance(this);
     storage = ExternalStorage::instance(this);
-    connect(storage, &ExternalStorage::saveto_device_changed, this, [this] { storage->update(); });
+    connect(storage, &ExternalStorage::saveto_device_changed, storage, &ExternalStorage::requestUpdate);
     SurveyManager::instance(m_window->videoScreen(), this);
     connectSurveyScreens();
     SurveyManager::instance()->answerCameraWarnings(CameraController::instance()->warnings());
@@ -510,7 +510,7 @@ void Controller::fake_start_up_progress()
         CameraController::instance()->enablePolling();
         break;
     case 30:
-        storage->update();
+        storage->requestUpdate();
         break;
     case 100:
         progress(tr("Done"));

@@ -5,6 +5,7 @@
 #include "app/mainwindow.h"
 #include "core/messagehandler.h"
 #include "app/splashpicture.h"
+#include "app/startuptimes.h"
 #include "core/unitpaths.h"
 #include "app/version.h"
 #include "widgets/consolestyle.h"
@@ -12,14 +13,13 @@
 
 #include <QApplication>
 #include <QDebug>
-#include <QElapsedTimer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
 #include <QSplashScreen>
-#include <QTimer>
 #include <ctime>
 #include <cstdio>
 #include <unistd.h>
@@ -40,12 +40,29 @@ void repairDisplayIfMissing()
                              + QString::fromLocal8Bit(repair.readAllStandardOutput() + repair.readAllStandardError());
 }
 
-void stopBootImage()
+// One list element on purpose: the boot-image viewer is stopped by the system's own sudo rules.
+// Started here and waited for only when the splash is about to draw, so reading the
+// settings and decoding the splash picture overlap with it.
+void startStoppingBootImage(QProcess &stop)
 {
-    // One list element on purpose: the boot-image viewer is stopped by the system's own sudo rules.
-    QProcess stop;
     stop.start(QStringLiteral("sudo"), {QStringLiteral("killall fbi")});
+}
+
+void waitForBootImageToGo(QProcess &stop)
+{
     stop.waitForFinished(30000);
+}
+
+// Without a session bus libdbus would fork dbus-launch to make one the first time
+// anything asks; a unit has no desktop session, so say so before Qt asks.
+void disableSessionBusIfAbsent()
+{
+    if (!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        return;
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && QFileInfo::exists(QFile::decodeName(runtime + "/bus")))
+        return;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
 
 } // namespace
@@ -79,8 +96,7 @@ static void logIdentity()
 
 int main(int argc, char *argv[])
 {
-    QElapsedTimer sinceStart;
-    sinceStart.start();
+    StartupTimes::markStart();
     CleanExit cleanExit;
     Q_UNUSED(cleanExit)
     Q_UNUSED(s_defaultHandler)
@@ -88,16 +104,19 @@ int main(int argc, char *argv[])
     installCrashHandlers();
     qInstallMessageHandler(MessageHandler);
     qputenv("QT_FONT_DPI", "64");
+    disableSessionBusIfAbsent();
 
     QApplication app(argc, argv);
     initialiseGraphics();
     ConsoleStyle::apply(app);
     qInfo().noquote() << QStringLiteral("Starting Ductline ") + QLatin1String(kDuctlineVersion);
     repairDisplayIfMissing();
-    stopBootImage();
+    QProcess bootImage;
+    startStoppingBootImage(bootImage);
 
     const QString language = ConsoleSettings::languageCode();
     QSplashScreen splash(QPixmap(splashPicture(language)));
+    waitForBootImageToGo(bootImage);
     splash.show();
 
     QCoreApplication::setApplicationVersion(QString::fromLatin1(kDuctlineVersion));
@@ -121,9 +140,7 @@ int main(int argc, char *argv[])
                              .arg(double(clock() - started) / 1000000.0);
     window->show();
     splash.finish(window);
-    QTimer::singleShot(0, [&sinceStart] {
-        qInfo().noquote() << QStringLiteral("Event loop running %1 ms after start").arg(sinceStart.elapsed());
-    });
+    new StartupTimes(window);
     const int result = app.exec();
     delete window;
     return result;

@@ -1,12 +1,16 @@
 #include "app/mainwindow.h"
+#include "app/videoscreenwiring.h"
 
 #include "app/browser/report.h"
 #include "app/controller.h"
 #include "app/helpscreen.h"
+#include "core/backgroundprocess.h"
 #include "survey/ivideoscreen.h"
 #include "app/login.h"
 #include "widgets/pipescreen.h"
 #include "app/splash.h"
+#include "connectivity/appcommand.h"
+#include "connectivity/external_control.h"
 #include "core/uikeys.h"
 #include "core/unitpaths.h"
 #include "settings/settings.h"
@@ -33,6 +37,8 @@ constexpr int kWindowWidth = 800;
 constexpr int kWindowHeight = 600;
 // The screen whose text is kept when it is shown again.
 constexpr int kEngineersNotesPage = Controller::kScreenEngNote;
+// A flood of garbage from the app must not flood the log as well.
+constexpr int kLoggedCommandLength = 80;
 
 SurveyManager *survey()
 {
@@ -69,13 +75,20 @@ MainWindow::MainWindow(QWidget *parent)
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
     setFixedSize(kWindowWidth, kWindowHeight);
     setWindowTitle(QStringLiteral("Corvane - Sewer Console"));
-    qInfo() << "Mobile app link is not available in this build - going on without it";
+    m_external = external_control::instance(this);
+    connect(m_external, &external_control::updateOstraState, this, &MainWindow::updateOstraIcon);
+    connect(m_external, &external_control::sendKeyPress, this, &MainWindow::handleExternalControl);
+    connect(m_external, &external_control::mapTransferStatus, this, &MainWindow::mapTransferBox);
 
-    QProcess fbset;
-    fbset.start(unitPath(QStringLiteral("/usr/sbin/fbset")), {QStringLiteral("srd10")});
-    fbset.waitForFinished(-1);
+    setDisplayMode();
 
     connect(qApp, &QApplication::focusChanged, this, &MainWindow::focusChanged);
+}
+
+// Nothing drawn depends on the mode being in place yet, so start-up does not wait for it.
+void MainWindow::setDisplayMode()
+{
+    startInBackground(unitPath(QStringLiteral("/usr/sbin/fbset")), {QStringLiteral("srd10")}, this);
 }
 
 MainWindow::~MainWindow()
@@ -129,7 +142,7 @@ void MainWindow::setController(Controller *controller)
     m_control = controller;
     m_splash->setController(controller);
     m_login->setController(controller);
-    m_video->setController(controller);
+    VideoScreenWiring::connect(controller, m_video);
     m_report->setController(controller);
     connect(controller, &Controller::setActiveScreen, m_settings, &Settings::setActiveScreen);
     connect(m_settings, &Settings::settingChanged, controller, [controller](const QString &key, const QString &value) {
@@ -212,8 +225,9 @@ void MainWindow::handleSurveyKeyPress(QKeyEvent *event)
         // A long press links the mobile app instead of opening the survey menu.
         if (IVideoScreen *video = videoScreen())
             video->keyPressEvent(&key_press);
-        qInfo() << "Mobile app link is not available in this build";
+        qInfo() << "Mobile app link requested";
         Ostra_count = 0;
+        m_external->doConnect();
     }
 }
 
@@ -392,7 +406,121 @@ void MainWindow::saveChildScreenshots()
 
 void MainWindow::handleExternalControl(QString command)
 {
-    qInfo() << "Mobile app command" << command << "- the app link is not available in this build";
+    const AppCommand app = AppCommand::parse(command);
+    switch (app.kind()) {
+    case AppCommand::kLampUp:
+        keyPressEvent(&upevent);
+        break;
+    case AppCommand::kLampDown:
+        keyPressEvent(&downevent);
+        break;
+    case AppCommand::kRecord:
+        keyReleaseEvent(&recevent);
+        break;
+    case AppCommand::kStop:
+        stopRecord();
+        break;
+    case AppCommand::kCoilerSet:
+        keyPressEvent(&coilevent);
+        break;
+    case AppCommand::kStartStream:
+        keyReleaseEvent(&streamstartevent);
+        break;
+    case AppCommand::kStopStream:
+        keyReleaseEvent(&streamstopevent);
+        break;
+    case AppCommand::kIdentify:
+        m_external->writeIDN();
+        return;
+    case AppCommand::kGetReport:
+        sendReport();
+        return;
+    case AppCommand::kGetXML:
+        sendXml();
+        return;
+    case AppCommand::kPort:
+        port = app.word(1);
+        break;
+    case AppCommand::kIP:
+        ip = app.word(1);
+        break;
+    case AppCommand::kTransferReceive:
+        receiveImage(app.word(1), app.word(2), app.word(3));
+        return;
+    case AppCommand::kTransferSend:
+        m_external->fileWrite();
+        return;
+    case AppCommand::kFileErrorSuccess:
+    case AppCommand::kFileErrorFailure:
+    case AppCommand::kFileErrorOther:
+        finishSend(app.kind());
+        return;
+    case AppCommand::kGetProjects:
+    case AppCommand::kSetProject:
+    case AppCommand::kTransferOther:
+    case AppCommand::kOstraApp:
+        qInfo().noquote() << "Mobile app:" << command.left(kLoggedCommandLength);
+        return;
+    case AppCommand::kUnknown:
+        qInfo().noquote() << "Mobile app: unknown command" << command.left(kLoggedCommandLength);
+        m_external->doWrite(QStringLiteral("ERROR"));
+        return;
+    }
+    m_external->doWrite(app.word(0));
+}
+
+void MainWindow::closeOpenNote()
+{
+    QKeyEvent closeNote(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    if (IVideoScreen *video = videoScreen())
+        video->keyPressEvent(&closeNote);
+}
+
+void MainWindow::showOstraNote(const QString &title, const QString &text, bool answered)
+{
+    if (IVideoScreen *video = videoScreen())
+        video->showMessage(title, {text}, answered ? this : nullptr, answered ? SLOT(openOstraMenu(int)) : nullptr);
+}
+
+void MainWindow::receiveImage(const QString &size, const QString &type, const QString &dest)
+{
+    m_external->setFileType(type, dest);
+    m_external->setFileSize(size.toInt());
+    m_external->setMode(external_control::kImage);
+    showOstraNote(tr("Note:"), dest == QLatin1String("Map") ? tr("Receiving a map file...") : tr("Receiving a site image..."),
+                  false);
+    m_external->doWrite(QStringLiteral("Transfer true"));
+}
+
+void MainWindow::sendReport()
+{
+    showOstraNote(tr("Note:"), tr("Transfering ostra Report to mobile..."), false);
+    if (!m_external->getFileData()) {
+        closeOpenNote();
+        showOstraNote(tr("Note:"), tr("No PDF Report Found..."), false);
+    }
+}
+
+void MainWindow::sendXml()
+{
+    showOstraNote(tr("Note:"), tr("Transfering XML File to Mobile..."), false);
+    if (!m_external->getXmlData()) {
+        closeOpenNote();
+        showOstraNote(tr("Note:"), tr("No XML file in project..."), false);
+    }
+}
+
+void MainWindow::finishSend(int kind)
+{
+    m_external->stopTimer();
+    if (kind == AppCommand::kFileErrorSuccess) {
+        closeOpenNote();
+        showOstraNote(tr("Note:"), tr("Transfer Successful"), true);
+    } else if (kind == AppCommand::kFileErrorFailure) {
+        closeOpenNote();
+        if (IVideoScreen *video = videoScreen())
+            video->showDialogue(tr("Note:"), {tr("Transfer Failed")}, nullptr, nullptr);
+    }
 }
 
 void MainWindow::handleComment(QKeyEvent &event)
@@ -418,13 +546,8 @@ void MainWindow::updateOstraIcon(int state)
 
 void MainWindow::mapTransferBox(bool ok)
 {
-    IVideoScreen *video = videoScreen();
-    if (!video)
-        return;
-    QKeyEvent closeNote(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    video->keyPressEvent(&closeNote);
-    video->showMessage(tr("Note:"), {ok ? tr("Transfer Successful") : tr("Transfer Failed")}, this,
-                       SLOT(openOstraMenu(int)));
+    closeOpenNote();
+    showOstraNote(tr("Note:"), ok ? tr("Transfer Successful") : tr("Transfer Failed"), true);
 }
 
 void MainWindow::openOstraMenu(int answer)

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "app/imainwindow.h"
-#include "app/keyhold.h"
+#include "widgets/keyhold.h"
 
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QVector>
 
 class Controller;
+class external_control;
 class HelpScreen;
 class PipeScreen;
 class Report;
@@ -58,6 +59,7 @@ protected:
 
 private:
     void buildPages();
+    void setDisplayMode();
     // The survey forms ask to leave by signal; the screen controller decides.
     void connectFormsTo(Controller *controller);
     PipeScreen *addPage(PipeScreen *page);
@@ -67,8 +69,16 @@ private:
     void handleSurveyKeyPress(QKeyEvent *event);
     void handleZeroCounterPress(QKeyEvent *event);
     void saveChildScreenshots();
+    // The mobile app's transfers, as the operator sees them.
+    void closeOpenNote();
+    void showOstraNote(const QString &title, const QString &text, bool answered);
+    void receiveImage(const QString &size, const QString &type, const QString &dest);
+    void sendReport();
+    void sendXml();
+    void finishSend(int kind);
 
     Controller *m_control = nullptr;
+    external_control *m_external = nullptr;
     QStackedWidget *m_stack = nullptr;
     QKeyEvent upevent;
     QKeyEvent downevent;

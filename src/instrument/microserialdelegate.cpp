@@ -1,5 +1,6 @@
 #include "instrument/microserialdelegate.h"
 
+#include "core/malformedlinelog.h"
 #include "instrument/microcontroller.h"
 
 #include <QDateTime>
@@ -153,6 +154,7 @@ const MicroSerialDelegate::Message MicroSerialDelegate::kMessages[] = {
 MicroSerialDelegate::MicroSerialDelegate(Microcontroller *micro, QObject *parent)
     : ISerialDelegate(parent)
     , m_micro(micro)
+    , m_malformed(new MalformedLineLog(QStringLiteral("Power board"), this))
 {
 }
 
@@ -170,7 +172,8 @@ void MicroSerialDelegate::didReceiveData(ISerial *, const QString &line)
         routeToCamera(line, fields);
         return;
     }
-    qInfo() << "Did not handle: " << line;
+    if (m_malformed->admit(line))
+        qInfo() << "Did not handle: " << line;
 }
 
 QString MicroSerialDelegate::cameraKeyword(CameraController::CameraCommand command)

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+class MalformedLineLog;
 class Microcontroller;
 
 // Decodes every line the power board sends: battery, logs, ambient light,
@@ -69,4 +70,5 @@ private:
     bool routeToCamera(const QString &line, const QStringList &fields);
 
     Microcontroller *m_micro;
+    MalformedLineLog *m_malformed;
 };

@@ -65,8 +65,6 @@ int SerialPort::open()
         m_fd = -1;
         return 1;
     }
-    connect(this, &SerialPort::line_received, this, &SerialPort::do_line_received,
-            Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
     m_rx_active = true;
     m_reader = QtConcurrent::run([this] { rx_process(); });
     return 0;
@@ -97,6 +95,10 @@ void SerialPort::close()
     m_rx_active = false;
     sendText(kGoodbye);
     tcdrain(m_fd);
+    {
+        const QMutexLocker locker(&m_queueLock);
+        m_queueDrained.wakeAll();
+    }
     if (m_wake[1] != -1) {
         const char wake = 1;
         if (::write(m_wake[1], &wake, 1) != 1)
@@ -108,6 +110,8 @@ void SerialPort::close()
     }
     ::close(m_fd);
     m_fd = -1;
+    const QMutexLocker locker(&m_queueLock);
+    m_lines.clear();
 }
 
 void SerialPort::sendText(const char *text)
@@ -149,8 +153,8 @@ void SerialPort::rx_process()
         for (ssize_t i = 0; i < count; ++i) {
             const char c = buffer[i];
             if (c == '\n') {
-                if (!line.isEmpty())
-                    emit line_received(QString::fromLatin1(line));
+                if (!line.isEmpty() && !queueLine(line))
+                    break;
                 line.clear();
             } else if (c != '\r' && line.size() < kMaxLineLength) {
                 line.append(c);
@@ -164,4 +168,44 @@ void SerialPort::do_line_received(QString line)
 {
     if (m_delegate)
         m_delegate->didReceiveData(this, line);
+}
+
+bool SerialPort::queueLine(const QByteArray &line)
+{
+    QMutexLocker locker(&m_queueLock);
+    while (m_lines.size() >= kMaxQueuedLines && m_rx_active)
+        m_queueDrained.wait(&m_queueLock);
+    if (!m_rx_active)
+        return false;
+    m_lines.enqueue(QString::fromLatin1(line));
+    if (!m_deliveryPosted) {
+        m_deliveryPosted = true;
+        QMetaObject::invokeMethod(this, "deliverLines", Qt::QueuedConnection);
+    }
+    return true;
+}
+
+void SerialPort::deliverLines()
+{
+    QList<QString> batch;
+    {
+        const QMutexLocker locker(&m_queueLock);
+        while (!m_lines.isEmpty() && batch.size() < kLinesPerTurn)
+            batch.append(m_lines.dequeue());
+        m_queueDrained.wakeAll();
+    }
+    for (const QString &line : qAsConst(batch)) {
+        // The delegate may close the port; what is left is dropped with it.
+        if (m_fd == -1 || !m_delegate)
+            break;
+        emit line_received(line);
+        do_line_received(line);
+    }
+    const QMutexLocker locker(&m_queueLock);
+    if (m_lines.isEmpty() || m_fd == -1) {
+        m_deliveryPosted = false;
+        return;
+    }
+    // Posted again: what the loop holds meanwhile (keys, timers) goes first.
+    QMetaObject::invokeMethod(this, "deliverLines", Qt::QueuedConnection);
 }

@@ -1,5 +1,6 @@
 #include "storage/externalstorage.h"
 
+#include "core/backgroundprocess.h"
 #include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "storage/externalstoragedelegate.h"
@@ -55,8 +56,18 @@ ExternalStorage::ExternalStorage(QObject *parent)
         qWarning() << "Storage events will not arrive: the FIFO could not be opened";
 
     m_timer = new QTimer(this);
-    connect(m_timer, &QTimer::timeout, this, &ExternalStorage::update);
-    QTimer::singleShot(kUpdateDelayMs, this, &ExternalStorage::update);
+    connect(m_timer, &QTimer::timeout, this, &ExternalStorage::remeasure);
+    m_requestTimer = new QTimer(this);
+    m_requestTimer->setSingleShot(true);
+    m_requestTimer->setInterval(kUpdateDelayMs);
+    connect(m_requestTimer, &QTimer::timeout, this, &ExternalStorage::answerRequest);
+    requestUpdate();
+}
+
+ExternalStorage::~ExternalStorage()
+{
+    if (m_measuring)
+        m_measuring->disconnect(this);
 }
 
 void ExternalStorage::init()
@@ -108,12 +119,14 @@ void ExternalStorage::updateSaveIndex()
 
 void ExternalStorage::handle_mount(QString item, QString path)
 {
+    m_measured.remove(path);
     StorageBase::instance()->handle_mount(item, path);
     tableChanged();
 }
 
 void ExternalStorage::handle_unmount(QString path)
 {
+    m_measured.remove(path);
     StorageBase::instance()->handle_unmount(path);
     tableChanged();
 }
@@ -121,7 +134,93 @@ void ExternalStorage::handle_unmount(QString path)
 void ExternalStorage::tableChanged()
 {
     updateSaveIndex();
-    QTimer::singleShot(kUpdateDelayMs, this, &ExternalStorage::update);
+    requestUpdate();
+}
+
+void ExternalStorage::requestUpdate()
+{
+    // A burst of mount lines and the save-to changes they cause make one answer.
+    if (!m_requestTimer->isActive())
+        m_requestTimer->start();
+}
+
+void ExternalStorage::remeasure()
+{
+    const int index = saveIndex();
+    if (index < kStorageLOCAL)
+        m_measured.remove(storeage_paths[index]);
+    requestUpdate();
+}
+
+void ExternalStorage::answerRequest()
+{
+    const int index = saveIndex();
+    const QString path = index < kStorageLOCAL ? storeage_paths[index] : QString();
+    if (path.isEmpty()) {
+        publishMinutes(-1);
+        return;
+    }
+    const auto known = m_measured.constFind(path);
+    if (known != m_measured.constEnd()) {
+        publishMinutes(known.value());
+        return;
+    }
+    if (m_measuring) {
+        // One measurement at a time; a different device is measured when this one answers.
+        m_requestAgain = m_measuringPath != path;
+        return;
+    }
+    startMeasuring(path);
+}
+
+void ExternalStorage::startMeasuring(const QString &path)
+{
+    m_measuringPath = path;
+    m_measuring = startInBackground(QStringLiteral("/bin/sh"), {storageInfoScript(), path}, this);
+    QProcess *script = m_measuring;
+    connect(script, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, [this, script] {
+        measuringEnded(script->readAllStandardOutput());
+    });
+    connect(script, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error != QProcess::FailedToStart)
+            return;
+        qWarning() << "Storage info script failed to start";
+        measuringEnded(QByteArray(), false);
+    });
+}
+
+void ExternalStorage::measuringEnded(const QByteArray &printed, bool started)
+{
+    const QString path = m_measuringPath;
+    m_measuring = nullptr;
+    m_measuringPath.clear();
+    if (started) {
+        const int minutes = minutesFromPrinted(printed, path);
+        // A device pulled while it was measured keeps no estimate.
+        if (pathToSlot(path) >= 0)
+            m_measured.insert(path, minutes);
+        if (saveIndex() < kStorageLOCAL && storeage_paths[saveIndex()] == path)
+            publishMinutes(minutes);
+    }
+    if (m_requestAgain) {
+        m_requestAgain = false;
+        answerRequest();
+    }
+}
+
+int ExternalStorage::pathToSlot(const QString &path) const
+{
+    for (int i = 0; i < kStorageCount; ++i) {
+        if (storeage_paths[i] == path)
+            return i;
+    }
+    return -1;
+}
+
+void ExternalStorage::publishMinutes(int minutes)
+{
+    m_mins_remaining = minutes;
+    emit disk_time_updated(minutes);
 }
 
 void ExternalStorage::update()
@@ -129,11 +228,12 @@ void ExternalStorage::update()
     const int index = saveIndex();
     int minutes = -1;
     // A device frozen for a survey may have gone: no path, nothing to measure.
-    if (index < kStorageLOCAL && !storeage_paths[index].isEmpty() &&
-        !measureMinutesLeft(storeage_paths[index], &minutes))
-        return;
-    m_mins_remaining = minutes;
-    emit disk_time_updated(minutes);
+    if (index < kStorageLOCAL && !storeage_paths[index].isEmpty()) {
+        if (!measureMinutesLeft(storeage_paths[index], &minutes))
+            return;
+        m_measured.insert(storeage_paths[index], minutes);
+    }
+    publishMinutes(minutes);
 }
 
 bool ExternalStorage::measureMinutesLeft(const QString &path, int *minutes) const
@@ -145,13 +245,18 @@ bool ExternalStorage::measureMinutesLeft(const QString &path, int *minutes) cons
         return false;
     }
     script.waitForFinished(-1);
-    bool ok = false;
-    const qint64 kilobytes = script.readAllStandardOutput().trimmed().toLongLong(&ok, 10);
-    if (ok)
-        *minutes = static_cast<int>(kilobytes / kKilobytesPerMinute);
-    else
-        qInfo() << "No free space reported for" << path;
+    *minutes = minutesFromPrinted(script.readAllStandardOutput(), path);
     return true;
+}
+
+int ExternalStorage::minutesFromPrinted(const QByteArray &printed, const QString &path)
+{
+    bool ok = false;
+    const qint64 kilobytes = printed.trimmed().toLongLong(&ok, 10);
+    if (ok)
+        return static_cast<int>(kilobytes / kKilobytesPerMinute);
+    qInfo() << "No free space reported for" << path;
+    return -1;
 }
 
 void ExternalStorage::startTimer()

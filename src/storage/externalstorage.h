@@ -2,8 +2,11 @@
 
 #include "storage/storagebase.h"
 
+#include <QHash>
+
 class ExternalStorageDelegate;
 class ISerial;
+class QProcess;
 class QTimer;
 
 template <typename T>
@@ -37,19 +40,31 @@ signals:
     void disk_time_updated(int mins);
 
 public slots:
+    // Measures the save-to device now and waits for the answer.
     void update();
+    // The same answer without waiting: taken from this mount's measurement when
+    // there is one, else measured in the background and published when it comes.
+    void requestUpdate();
     void handle_mount(QString item, QString path) override;
     void handle_unmount(QString path) override;
 
 private:
     friend class Singleton<ExternalStorage>;
     explicit ExternalStorage(QObject *parent);
+    ~ExternalStorage() override;
 
     void setSaveIndex(int index);
     void updateSaveIndex();
     void tableChanged();
-    // False if the script did not start; *minutes is left alone when it printed no number.
+    // False if the script did not start.
     bool measureMinutesLeft(const QString &path, int *minutes) const;
+    static int minutesFromPrinted(const QByteArray &printed, const QString &path);
+    void remeasure();
+    void answerRequest();
+    void startMeasuring(const QString &path);
+    void measuringEnded(const QByteArray &printed, bool started = true);
+    int pathToSlot(const QString &path) const;
+    void publishMinutes(int minutes);
 
     // Kept quirk: this names the StorageBase singleton's table and hides the one
     // this object inherits, which stays empty. Lookups inherited from StorageBase,
@@ -61,4 +76,10 @@ private:
     bool m_save_active = false;
     int m_save_index = -1;
     int m_mins_remaining = -1;
+    // Minutes left by path, measured once per mount; a pulled or replugged device forgets its own.
+    QHash<QString, int> m_measured;
+    QTimer *m_requestTimer = nullptr;
+    QProcess *m_measuring = nullptr;
+    QString m_measuringPath;
+    bool m_requestAgain = false;
 };

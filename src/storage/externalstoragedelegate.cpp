@@ -1,5 +1,6 @@
 #include "storage/externalstoragedelegate.h"
 
+#include "core/malformedlinelog.h"
 #include "storage/externalstorage.h"
 
 #include <QDebug>
@@ -13,7 +14,8 @@ const char kUnmountWord[] = "UMT";
 const char kLocalItem[] = "LOCAL";
 }
 
-ExternalStorageDelegate::ExternalStorageDelegate(ExternalStorage *ext) : ISerialDelegate(ext), m_ext(ext)
+ExternalStorageDelegate::ExternalStorageDelegate(ExternalStorage *ext)
+    : ISerialDelegate(ext), m_ext(ext), m_malformed(new MalformedLineLog(QStringLiteral("Storage FIFO"), this))
 {
     // Queued: a mount is taken on from the event loop, never from inside the reader.
     connect(this, &ExternalStorageDelegate::storage_did_mount, m_ext, &ExternalStorage::handle_mount,
@@ -41,6 +43,8 @@ void ExternalStorageDelegate::didReceiveData(ISerial *serial, const QString &lin
         emit storage_did_unmount(words.at(1));
         return;
     }
+    if (!m_malformed->admit(line, 1 + words.size()))
+        return;
     qInfo() << "Storage FIFO: unrecognised line of" << words.size() << "words";
     for (const QString &word : words)
         qInfo() << "Storage FIFO word:" << word;

@@ -5,6 +5,7 @@
 #include <QString>
 
 class ExternalStorage;
+class MalformedLineLog;
 
 // Turns the storage FIFO's lines into mount and unmount events for ExternalStorage.
 class ExternalStorageDelegate : public ISerialDelegate
@@ -14,6 +15,7 @@ public:
     explicit ExternalStorageDelegate(ExternalStorage *ext);
 
     void didReceiveData(ISerial *serial, const QString &line) override;
+    MalformedLineLog *malformedLog() const { return m_malformed; }
 
 signals:
     void storage_did_mount(QString item, QString path);
@@ -21,4 +23,5 @@ signals:
 
 private:
     ExternalStorage *m_ext = nullptr;
+    MalformedLineLog *m_malformed = nullptr;
 };

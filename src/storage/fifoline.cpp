@@ -1,6 +1,7 @@
 #include "storage/fifoline.h"
 
 #include "core/iserialdelegate.h"
+#include "core/malformedlinelog.h"
 
 #include <QDebug>
 #include <QFile>
@@ -11,7 +12,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-FifoLine::FifoLine(const QString &path, QObject *parent) : QObject(parent)
+FifoLine::FifoLine(const QString &path, QObject *parent)
+    : QObject(parent), m_overlongLog(new MalformedLineLog(QStringLiteral("Storage FIFO"), this))
 {
     m_dev = QFile::encodeName(path).toStdString();
 }
@@ -62,12 +64,16 @@ void FifoLine::sendText(const char *text)
 
 void FifoLine::readAvailable()
 {
-    char buffer[512];
+    // One bounded read a turn: whatever is left wakes the notifier again on the next
+    // turn of the event loop, after the keys and timers that came meanwhile.
+    char buffer[kBytesPerTurn];
     while (m_fd != -1) {
         const ssize_t count = ::read(m_fd, buffer, sizeof buffer);
         if (count > 0) {
             takeBytes(buffer, count);
-            continue;
+            if (count == kBytesPerTurn)
+                yieldTurn();
+            return;
         }
         if (count < 0 && errno == EINTR)
             continue;
@@ -75,6 +81,22 @@ void FifoLine::readAvailable()
             qWarning() << "FIFO read failed" << m_dev.c_str() << strerror(errno);
         return;
     }
+}
+
+// Socket activity alone can keep timers waiting in the event loop; a posted call
+// lets timers and posted events through before the pipe is looked at again.
+void FifoLine::yieldTurn()
+{
+    if (!m_notifier)
+        return;
+    m_notifier->setEnabled(false);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_notifier)
+                m_notifier->setEnabled(true);
+        },
+        Qt::QueuedConnection);
 }
 
 void FifoLine::takeBytes(const char *bytes, qint64 count)
@@ -96,7 +118,8 @@ void FifoLine::takeBytes(const char *bytes, qint64 count)
             m_line.append(c);
         } else if (!m_overlong) {
             m_overlong = true;
-            qWarning() << "FIFO line longer than" << kMaxLineLength << "characters cut";
+            if (m_overlongLog->admit(QStringLiteral("overlong")))
+                qWarning() << "FIFO line longer than" << kMaxLineLength << "characters cut";
         }
     }
 }

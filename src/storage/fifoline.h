@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 
+class MalformedLineLog;
 class QSocketNotifier;
 
 // A named pipe read as a line source. The system's scripts write whole lines into
@@ -17,6 +18,8 @@ class FifoLine : public QObject, public ISerial
 public:
     // Longer lines are cut here; the rest up to the line end is dropped.
     static constexpr int kMaxLineLength = 1024;
+    // Read in one turn of the event loop; a writer that never stops cannot starve the keys.
+    static constexpr int kBytesPerTurn = 2048;
 
     explicit FifoLine(const QString &path, QObject *parent = nullptr);
     ~FifoLine() override;
@@ -32,9 +35,11 @@ private slots:
 
 private:
     void takeBytes(const char *bytes, qint64 count);
+    void yieldTurn();
 
     int m_fd = -1;
     QSocketNotifier *m_notifier = nullptr;
     QByteArray m_line;
     bool m_overlong = false;
+    MalformedLineLog *m_overlongLog = nullptr;
 };

@@ -91,6 +91,34 @@ int StorageBase::pathToIndex(const QString &path) const
     return -1;
 }
 
+QString StorageBase::stripName(StorageItem item)
+{
+    switch (item) {
+    case kStorageSD:
+        return tr("SD");
+    // The names the storage lists use, so the strip and the media browser agree.
+    case kStorageUSD:
+        return tr("INT");
+    case kStorageSSD:
+        return tr("SSD0");
+    case kStorageUSB0:
+        return tr("SSD1");
+    case kStorageUSB1:
+        return tr("USB1");
+    case kStorageUSB2:
+        return tr("USB2");
+    case kStorageLOCAL:
+        return tr("LOCAL");
+    case kStorageCLOUD:
+        return tr("CLOUD");
+    case kStorageWINCANWEB:
+        return tr("WEB");
+    case kStorageNONE:
+        break;
+    }
+    return QString();
+}
+
 bool StorageBase::isServer(const QString &name)
 {
     return name == QLatin1String("Cloud") || name == QLatin1String("WinCan Web");

@@ -36,6 +36,8 @@ public:
     static int nameToIndex(const QString &name);
     static QString indexToName(int index);
     int pathToIndex(const QString &path) const;
+    // The short name the status strip shows for a save-to device, empty for none.
+    static QString stripName(StorageItem item);
     static bool isServer(const QString &name);
     void unmountServers();
 

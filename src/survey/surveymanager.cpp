@@ -499,7 +499,7 @@ void SurveyManager::setDiskTime(int mins)
 void SurveyManager::handle_saveto_device_changed(StorageBase::StorageItem item, QString path)
 {
     qInfo().noquote() << "Save-to device now" << StorageBase::indexToName(item) << path;
-    ExternalStorage::instance()->update();
+    ExternalStorage::instance()->requestUpdate();
     if (m_video)
         m_video->setSaveToIndicator(item);
 }

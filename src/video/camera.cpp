@@ -1,6 +1,7 @@
 #include "video/camera.h"
 
 #include "core/unitpaths.h"
+#include "video/pipeview.h"
 #include "widgets/hbimessagebox.h"
 
 #include <QAction>
@@ -116,7 +117,23 @@ void Camera::setDefaultCamera()
             return;
         }
     }
-    qInfo().noquote() << "No capture device at" << captureDevice() + QStringLiteral("; live picture not shown");
+    if (unitRoot().isEmpty()) {
+        qInfo().noquote() << "No capture device at" << captureDevice() + QStringLiteral("; live picture not shown");
+        return;
+    }
+    // The simulated unit has no capture device: its camera is the pipe picture
+    // the kit's recorder records.
+    qInfo().noquote() << "No capture device at" << captureDevice() + QStringLiteral("; showing the simulated camera");
+    showSimulatedCamera();
+}
+
+void Camera::showSimulatedCamera()
+{
+    if (!m_simulated) {
+        m_simulated = new PipeView;
+        ui->stackedWidget->addWidget(m_simulated);
+    }
+    ui->stackedWidget->setCurrentWidget(m_simulated);
 }
 
 void Camera::releaseCamera()

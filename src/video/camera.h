@@ -30,6 +30,8 @@ public:
     // The device the unit's camera appears as, as a unit path.
     static QString captureDevice();
     bool hasCamera() const { return m_camera != nullptr; }
+    // The simulated unit's moving picture, shown when it has no capture device.
+    QWidget *simulatedCamera() const { return m_simulated; }
 
 signals:
     void videoRecordingComplete();
@@ -80,6 +82,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
+    void showSimulatedCamera();
     void listCameras();
     void releaseCamera();
     void showFault(const QString &title);
@@ -98,6 +101,7 @@ private:
     bool m_isCapturingImage = false;
     bool m_applicationExiting = false;
     QActionGroup *m_devices;
+    QWidget *m_simulated = nullptr;
     QGraphicsVideoItem *videoItem = nullptr;
     QGraphicsScene *scene = nullptr;
 };

@@ -7,6 +7,12 @@
 #include <cstdio>
 #include <cstring>
 
+namespace {
+// zlib's fastest level that still compresses: the file lives in memory for one
+// reader, and time to publish matters more than a few kilobytes.
+constexpr int kPngQuality = 85;
+}
+
 ImageSaver::ImageSaver()
 {
     t.setObjectName(QStringLiteral("ImageSaver"));
@@ -34,7 +40,7 @@ void ImageSaver::requestImageMove(const QString &from, const QString &to)
 
 void ImageSaver::saveImage(const QImage &image, const QString &path)
 {
-    const bool ok = image.save(path, "PNG");
+    const bool ok = image.save(path, "PNG", kPngQuality);
     if (!ok) {
         // A half-written file must never be published by a move still queued
         // for an earlier picture.

@@ -356,6 +356,24 @@ QWidget *overlay::itemBeingEdited() const
 
 void overlay::captureOverlay()
 {
+    if (mEncoding) {
+        mCaptureWanted = true;
+        return;
+    }
+    renderCapture();
+}
+
+void overlay::takeWantedCapture()
+{
+    if (!mCaptureWanted)
+        return;
+    mCaptureWanted = false;
+    // Taken now, so it shows the newest state of everything asked for meanwhile.
+    renderCapture();
+}
+
+void overlay::renderCapture()
+{
     // What the operator is still placing or typing stays out of the recording.
     QWidget *held = itemBeingEdited();
     const bool heldWasShown = held && !held->isHidden();
@@ -378,7 +396,7 @@ void overlay::captureOverlay()
             painter.drawImage(0, 0, localHeaders);
         }
     }
-    ++mPendingCaptures;
+    mEncoding = true;
     mImageSaver->requestImageSave(picture, temporaryFile());
 
     if (revealCounter)
@@ -389,18 +407,21 @@ void overlay::captureOverlay()
 
 void overlay::capturedOverlay(const QString &path, bool ok)
 {
-    if (!ok) {
-        --mPendingCaptures;
+    mEncoding = false;
+    if (ok) {
+        // Queued before the next save, so that save never overwrites this picture unpublished.
+        ++mPublishing;
+        mImageSaver->requestImageMove(temporaryFile(), overlayFile());
+    } else {
         qWarning() << "Overlay picture not published; the recording keeps the previous one:" << path;
-        return;
     }
-    mImageSaver->requestImageMove(temporaryFile(), overlayFile());
+    takeWantedCapture();
 }
 
 void overlay::movedOverlay(const QString &path, bool ok)
 {
     Q_UNUSED(path)
-    --mPendingCaptures;
+    --mPublishing;
     if (ok)
         emit overlayPublished();
 }

@@ -40,8 +40,8 @@ public:
     float getCounter() const;
     QString pageReturnText(int page) const;
     state currentState() const { return mCurrentState; }
-    // Captures handed to the saver and not yet published or failed.
-    int capturesPending() const { return mPendingCaptures; }
+    // Captures asked for and not yet published or failed; a burst counts as one.
+    int capturesPending() const { return mPublishing + (mEncoding ? 1 : 0) + (mCaptureWanted ? 1 : 0); }
 
 public slots:
     void setCounter(double value);
@@ -91,6 +91,8 @@ private:
     QString settingsNameOf(const QWidget *item) const;
     OutlinedLabel *placedLabel() const;
     QWidget *itemBeingEdited() const;
+    void renderCapture();
+    void takeWantedCapture();
     void restartTimeTimer(int milliseconds);
 
     QTimer *flashTimer;
@@ -108,6 +110,10 @@ private:
     QList<OutlinedLabel *> pageList;
     int mCurrentPage = 0;
     bool overlayCounterEn = false;
-    int mPendingCaptures = 0;
+    // One picture is encoded at a time; what is asked for meanwhile is merged
+    // into a single capture taken when the encoder is free.
+    bool mEncoding = false;
+    bool mCaptureWanted = false;
+    int mPublishing = 0;
     Ui::overlay *ui;
 };

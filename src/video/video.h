@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/keyhold.h"
 #include "survey/ivideoscreen.h"
 #include "widgets/pipescreen.h"
 
@@ -8,21 +7,25 @@
 #include <QKeyEvent>
 #include <QPixmap>
 
+#include <functional>
+
 class Camera;
-class Controller;
 class Indicators;
-class KeypadDialog;
-class MessageDialog;
 class PictureControls;
 class QLabel;
-class QMessageBox;
-class QProcess;
+class ScreenClock;
+class ShutdownNotice;
+class CameraDetector;
+class TimedTextScreens;
+class VideoKeys;
+class PageOverlays;
 class QTimer;
-class TextEntryDialog;
+class OperatorComments;
+class RecordingControl;
+class SurveyDialogHost;
 class VideoScripts;
 class VideoTools;
-class KeypadDialog;
-class menuDialog;
+class VideoLibrary;
 class overlay;
 class statusOverlay;
 
@@ -38,22 +41,20 @@ class Video;
 class Video : public PipeScreen, public IVideoScreen
 {
     Q_OBJECT
+    // The key table works on the screen's page and picture-control state.
+    friend class VideoKeys;
 public:
     static constexpr int kOverlayRefreshMs = 200;
-    static constexpr int kClockRefreshMs = 1000;
-    static constexpr int kCameraDetectMs = 2000;
-    static constexpr int kCameraDetectWaitMs = 1000;
-    static constexpr int kRecordingCompleteMs = 1000;
     static constexpr int kSnapshotSymbolMs = 1000;
-    static constexpr int kStreamRestartMs = 500;
     static constexpr int kAudioResetMs = 2000;
-    // Counted events of a held Zero key before the counter is zeroed.
-    static constexpr int kZeroCounterHold = 7;
+    // The settings tab F1 opens.
+    static constexpr int kStatusSettingsTab = 4;
 
     explicit Video(QWidget *parent = nullptr);
     ~Video() override;
 
-    void setController(Controller *controller);
+    // Where the distance shown and written with observations comes from.
+    void setCounterSource(std::function<float()> source);
 
     // IVideoScreen
     void record(QString path) override;
@@ -73,8 +74,8 @@ public:
     void displayLampBrightness(int percent) override;
     void setDiskRecordTimeRemaining(int minutes) override;
     void saveJpeg(QString path, bool comment) override;
-    bool isPaused() override { return m_paused; }
-    bool isRecording() override { return mRecording; }
+    bool isPaused() override;
+    bool isRecording() override;
     void createNewSurveyText() override;
     void createEndHeader() override;
     void setSaveToIndicator(StorageBase::StorageItem item) override;
@@ -122,11 +123,14 @@ public:
     VideoScripts *scripts() const { return m_scripts; }
     // The dialog a survey has open, if any.
     QWidget *openDialog() const;
-    int currentPage() const { return m_current_page; }
-    int editPage() const { return m_edit_page; }
+    int currentPage() const;
+    int editPage() const;
     bool isTextScreenTimerActive() const;
     SurveyManager::SurveyType surveyType() const { return m_surveyType; }
-    uint surveyTimestamp() const { return m_surveyTimestamp; }
+    uint surveyTimestamp() const;
+    RecordingControl *recording() const { return m_recording; }
+    // Whether the last camera detection found a camera; the strip shows it while no recording runs.
+    bool isCameraPresent() const { return m_cameraPresent; }
 
     // The operator's name of a survey field key.
     static QString translateSurveyHeader(const QString &key);
@@ -136,6 +140,9 @@ signals:
     void cameraAttached();
     void cameraDetached();
     void stopRecord();
+    void reportScreenRequested();
+    // A tab number, or -1 for the tab last shown.
+    void settingsScreenRequested(int tab);
 
 public slots:
     void updateOverlays();
@@ -164,23 +171,19 @@ public slots:
     void decrementCameraControl(int step);
 
 private slots:
-    void detectScriptFinished();
+    void onCameraDetected(bool present);
     void showPictureControl(int control, int value);
+    void handleRecordFailed(const QString &cause);
 
 private:
     // The dialog kinds a survey opens on this screen; false for one it cannot show.
     bool openSurveyDialog(IVideoScreen::overlay_menu_t type, const QString &title, const QStringList &list,
                           QObject *receiver, const char *slot, bool flag);
     void closeDialogs();
-    void discardAnsweredDialogs();
-    bool acknowledgeOpenNote();
-    QList<KeypadDialog *> surveyDialogs() const;
-    void placeDialog(QWidget *dialog) const;
-    QWidget *dialogParent() const;
     void snapshotRequest();
-    void openEngineersNotes(const QStringList &labels);
-    void setSurveyTimestamp();
     void setCameraIndicator(int state);
+    // The strip between recordings: ready with a camera, missing without.
+    void showIdleCameraState();
     void markDirty() { m_overlay_dirty = true; }
     void drawEditOverlay();
     void drawRecordOverlay();
@@ -188,50 +191,38 @@ private:
     void setMode(int mode);
     // The timed text screens: hand the picture to the overlay for a number of seconds.
     void beginTextScreen();
-    int textScreenColour() const;
-    int textScreenSeconds(const QVariant &headerDefault) const;
+    void endTextScreen();
     void closePictureControls(bool keepValues);
-    bool handleZeroCounterPress(QKeyEvent *event);
-    bool handlePictureControlPress(int key);
-    bool handlePlainRelease(int key);
     bool inProjectSurvey() const;
 
-    int recCount = 0;
-    int lineCount = 0;
-    bool mRecording = false;
-    QTimer *mOverlayTimer;
-    Controller *m_controller = nullptr;
+    std::function<float()> m_counterSource;
     Ui::Video *ui;
     SurveyManager::SurveyType m_surveyType = SurveyManager::kSurveyType_BASIC;
     QTimer *m_display;
-    QTimer *m_clock;
     QTimer *m_snapshot_symbol_timer;
-    QTimer *cameraDetectTimer;
-    QProcess *detectProcess = nullptr;
-    QString m_lastDetectOutput;
     bool m_overlay_dirty = true;
     bool m_snapshot_symbol = false;
     bool m_snapshot_dirty = false;
     bool m_snapshot_comment = true;
-    uint m_surveyTimestamp = 0;
-    QImage m_surveyText;
     overlay *m_overlay;
     statusOverlay *m_statusbar;
-    bool m_active_buff = false;
-    int m_current_page = 0;
-    int m_active_page = 0;
-    int m_edit_page = 0;
-    bool m_paused = false;
     bool counter_transparent = false;
     int m_counterState = 0;
-    KeyHold m_zeroCounterHold{kZeroCounterHold};
     QPixmap default_logo;
-    QMessageBox *shutdownbox = nullptr;
-    menuDialog *MenuDialog = nullptr;
-    MessageDialog *messageDialog = nullptr;
-    TextEntryDialog *textEntryDialog = nullptr;
+    ShutdownNotice *shutdownbox = nullptr;
+    ScreenClock *m_screenClock = nullptr;
     bool mRunOnce = false;
     VideoScripts *m_scripts;
     VideoTools *mVideoTools;
     PictureControls *m_pictureControls;
+    RecordingControl *m_recording;
+    SurveyDialogHost *m_dialogs;
+    OperatorComments *m_comments;
+    VideoKeys *m_keys;
+    // The in-process capture layer: built at start, its start slots unused on the unit.
+    VideoLibrary *video_widget;
+    PageOverlays *m_pages;
+    TimedTextScreens *m_textScreens;
+    CameraDetector *m_cameraDetector;
+    bool m_cameraPresent = false;
 };

@@ -35,19 +35,19 @@ void VideoScripts::finishAll()
 
 void VideoScripts::runScript(const QString &name, const QStringList &args)
 {
-    enqueue({QStringLiteral("/bin/sh"), QStringList{unitScriptPath(name)} + args,
+    enqueue({name, QStringLiteral("/bin/sh"), QStringList{unitScriptPath(name)} + args,
              (QStringList{name} + args).join(QLatin1Char(' '))});
 }
 
 void VideoScripts::runScriptAsRoot(const QString &name, const QStringList &args)
 {
-    enqueue({QStringLiteral("sudo"), QStringList{unitScriptPath(name)} + args,
+    enqueue({name, QStringLiteral("sudo"), QStringList{unitScriptPath(name)} + args,
              (QStringList{QStringLiteral("sudo"), name} + args).join(QLatin1Char(' '))});
 }
 
 void VideoScripts::runProgram(const QString &program, const QStringList &args)
 {
-    enqueue({program, args, (QStringList{program} + args).join(QLatin1Char(' '))});
+    enqueue({program, program, args, (QStringList{program} + args).join(QLatin1Char(' '))});
 }
 
 void VideoScripts::enqueue(const Job &job)
@@ -63,10 +63,11 @@ void VideoScripts::startNext()
         return;
     const Job job = m_waiting.dequeue();
     m_runningDescription = job.description;
+    m_runningScript = job.script;
     m_running = new QProcess(this);
-    // The scripts log to the unit's own log; their output has no reader here.
-    m_running->setStandardOutputFile(QProcess::nullDevice());
-    m_running->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // The scripts log to the unit's own log; what they print is read only to name
+    // the cause of a failure.
+    m_running->setProcessChannelMode(QProcess::MergedChannels);
     connect(m_running, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             [this](int code, QProcess::ExitStatus status) { onFinished(status == QProcess::NormalExit ? code : -1); });
     connect(m_running, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
@@ -85,7 +86,7 @@ void VideoScripts::onFinished(int exitCode)
         return;
     m_timeLimit->stop();
     if (exitCode != 0)
-        qWarning().noquote() << m_runningDescription << "ended with" << exitCode;
+        reportFailure(exitCode, lastPrintedLine());
     const QString description = m_runningDescription;
     m_running->disconnect(this);
     m_running->deleteLater();
@@ -98,8 +99,8 @@ void VideoScripts::onTimeLimit()
 {
     if (!m_running)
         return;
-    qWarning().noquote() << m_runningDescription << "did not end within" << kScriptTimeLimitMs << "ms; killed";
     m_running->disconnect(this);
+    reportFailure(-1, QStringLiteral("did not end within %1 ms; killed").arg(kScriptTimeLimitMs));
     m_running->kill();
     m_running->waitForFinished(1000);
     m_running->deleteLater();
@@ -107,4 +108,20 @@ void VideoScripts::onTimeLimit()
     m_running = nullptr;
     emit finished(description, -1);
     startNext();
+}
+
+QString VideoScripts::lastPrintedLine() const
+{
+    const QStringList lines = QString::fromLocal8Bit(m_running->readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (auto line = lines.crbegin(); line != lines.crend(); ++line)
+        if (!line->trimmed().isEmpty())
+            return line->trimmed();
+    return QString();
+}
+
+void VideoScripts::reportFailure(int exitCode, const QString &cause)
+{
+    qWarning().noquote() << m_runningDescription << "ended with" << exitCode
+                         << (cause.isEmpty() ? QString() : QStringLiteral(": ") + cause);
+    emit failed(m_runningScript, exitCode, cause);
 }

@@ -11,7 +11,8 @@ class QTimer;
 // the order the screen asked for them, without ever blocking the screen. The
 // order matters: a resume that overtook the stop behind it would leave the
 // recorder paused, and the last picture values asked for must be the ones that
-// stay. Nobody waits for a result; failures are logged.
+// stay. Nobody waits for a result; a failure is logged once with what the script
+// printed last, and announced by failed().
 class VideoScripts : public QObject
 {
     Q_OBJECT
@@ -39,9 +40,13 @@ public:
 signals:
     void started(QString command);
     void finished(QString command, int exitCode);
+    // A script that ended with a fault, with the last line it printed as the cause
+    // (empty when it printed nothing). Logged here once; receivers need not log it.
+    void failed(QString script, int exitCode, QString cause);
 
 private:
     struct Job {
+        QString script;
         QString program;
         QStringList arguments;
         QString description;
@@ -51,9 +56,12 @@ private:
     void startNext();
     void onFinished(int exitCode);
     void onTimeLimit();
+    void reportFailure(int exitCode, const QString &cause);
+    QString lastPrintedLine() const;
 
     QQueue<Job> m_waiting;
     QProcess *m_running = nullptr;
     QString m_runningDescription;
+    QString m_runningScript;
     QTimer *m_timeLimit;
 };

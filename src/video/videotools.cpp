@@ -1,17 +1,19 @@
 #include "video/videotools.h"
 
-#include <QDebug>
+#include "core/backgroundprocess.h"
+
 #include <QProcess>
-
-namespace {
-
-constexpr int kControlWaitMs = 1000;
-
-} // namespace
 
 VideoTools::VideoTools(QObject *parent)
     : QObject(parent)
 {
+}
+
+VideoTools::~VideoTools()
+{
+    // A call still running ends with its process object; nothing more is started.
+    if (m_running)
+        m_running->disconnect(this);
 }
 
 void VideoTools::setBrightness(int value)
@@ -36,18 +38,32 @@ void VideoTools::setSaturation(int value)
 
 void VideoTools::setControl(const char *control, int value)
 {
-    const QStringList arguments = {QStringLiteral("--set-ctrl"),
-                                   QStringLiteral("%1=%2").arg(QLatin1String(control)).arg(value)};
-    auto *process = new QProcess(this);
-    connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), process, &QObject::deleteLater);
-    connect(process, &QProcess::errorOccurred, process, [process](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            qWarning() << "v4l2-ctl could not be started:" << process->errorString();
-            process->deleteLater();
+    for (QPair<QByteArray, int> &waiting : m_waiting) {
+        if (waiting.first == control) {
+            waiting.second = value;
+            return;
         }
+    }
+    m_waiting.append({QByteArray(control), value});
+    if (!m_running)
+        runNext();
+}
+
+void VideoTools::runNext()
+{
+    if (m_waiting.isEmpty())
+        return;
+    const QPair<QByteArray, int> next = m_waiting.takeFirst();
+    const QStringList arguments = {QStringLiteral("--set-ctrl"),
+                                   QStringLiteral("%1=%2").arg(QLatin1String(next.first)).arg(next.second)};
+    m_running = startInBackground(QStringLiteral("v4l2-ctl"), arguments, this);
+    const auto carryOn = [this] {
+        m_running = nullptr;
+        runNext();
+    };
+    connect(m_running, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, carryOn);
+    connect(m_running, &QProcess::errorOccurred, this, [carryOn](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            carryOn();
     });
-    process->start(QStringLiteral("v4l2-ctl"), arguments);
-    // A slow device must not stall the picture controls for long.
-    if (!process->waitForFinished(kControlWaitMs) && process->state() != QProcess::NotRunning)
-        qInfo() << "v4l2-ctl" << arguments.join(QLatin1Char(' ')) << "still running after" << kControlWaitMs << "ms";
 }

@@ -59,7 +59,7 @@ Indicators::Indicators(QWidget *parent)
 
     setBatteryLevel(0);
     displayLampBrightness(0);
-    selectStorage(StorageBase::kStorageNONE);
+    selectStorage(QString());
     setCameraState(Missing);
     showTime(QDateTime::currentDateTime());
 }
@@ -111,34 +111,6 @@ QString Indicators::modeName(Mode mode)
     }
 }
 
-QString Indicators::storageName(StorageBase::StorageItem item)
-{
-    switch (item) {
-    case StorageBase::kStorageSD:
-        return tr("SD");
-    // The names the storage lists use, so the strip and the media browser agree.
-    case StorageBase::kStorageUSD:
-        return tr("INT");
-    case StorageBase::kStorageSSD:
-        return tr("SSD0");
-    case StorageBase::kStorageUSB0:
-        return tr("SSD1");
-    case StorageBase::kStorageUSB1:
-        return tr("USB1");
-    case StorageBase::kStorageUSB2:
-        return tr("USB2");
-    case StorageBase::kStorageLOCAL:
-        return tr("LOCAL");
-    case StorageBase::kStorageCLOUD:
-        return tr("CLOUD");
-    case StorageBase::kStorageWINCANWEB:
-        return tr("WEB");
-    case StorageBase::kStorageNONE:
-        break;
-    }
-    return tr("NONE");
-}
-
 void Indicators::setBatteryLevel(int level)
 {
     m_battery->setLevel(level);
@@ -165,16 +137,16 @@ void Indicators::displayLampBrightness(int percent)
     m_lamp->setCaption(percent <= 0 ? tr("OFF") : tr("%1%").arg(qMin(percent, 100)));
 }
 
-void Indicators::selectStorage(StorageBase::StorageItem item)
+void Indicators::selectStorage(const QString &name)
 {
-    m_saveTo = item;
+    m_saveTo = name;
     showStorage();
 }
 
 void Indicators::showStorage()
 {
-    m_storage->setHeadline(storageName(m_saveTo));
-    if (m_saveTo == StorageBase::kStorageNONE) {
+    m_storage->setHeadline(m_saveTo.isEmpty() ? tr("NONE") : m_saveTo);
+    if (m_saveTo.isEmpty()) {
         m_storage->setCaption(tr("NO SAVE"));
         m_storage->setAlert(true);
         return;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "storage/storagebase.h"
-
 #include <QWidget>
 
 class QDateTime;
@@ -57,7 +55,6 @@ public:
     audioindicator *headset() const { return m_headset; }
 
     static QString modeName(Mode mode);
-    static QString storageName(StorageBase::StorageItem item);
 
 public slots:
     void setBatteryLevel(int level);
@@ -65,7 +62,8 @@ public slots:
     void setBatteryTimeRemaining(int value);
     void setDiskRecordTimeRemaining(int minutes);
     void displayLampBrightness(int percent);
-    void selectStorage(StorageBase::StorageItem item);
+    // The save-to device by its short name; empty when there is none.
+    void selectStorage(const QString &name);
     void setCameraState(Indicators::CameraIndicatorState state);
     // The preview is being restarted; shown until the next camera state.
     void restartVideo(bool restarting);
@@ -99,7 +97,7 @@ private:
     audioindicator *m_headset = nullptr;
     IndicatorCell *m_snapshot = nullptr;
     QTimer *m_clockTimer = nullptr;
-    StorageBase::StorageItem m_saveTo = StorageBase::kStorageNONE;
+    QString m_saveTo;
     int m_diskMinutes = -1;
     CameraIndicatorState m_cameraState = Missing;
     Mode m_mode = kModeNone;

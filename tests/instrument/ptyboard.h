@@ -45,6 +45,8 @@ public:
 
     bool isValid() const { return m_slave != -1; }
     QString slavePath() const { return m_slavePath; }
+    // Non-blocking; for writers that keep the line full.
+    int masterFd() const { return m_master; }
 
     bool linkAt(const QString &path) const
     {

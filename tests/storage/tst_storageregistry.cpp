@@ -173,6 +173,34 @@ private slots:
         QCOMPARE(told.first().first().toInt(), minutes);
     }
 
+    // The mount scripts announce several devices at once; each is measured once per
+    // mount, and only the one surveys are saved to.
+    void eachMountIsMeasuredOnce()
+    {
+        const QString counted = m_unit.path("/var/hbi/measured");
+        QFile::remove(counted);
+        QVERIFY(m_unit.writeFile("/opt/hbi/bin/get_storage_info.sh",
+                                 "#!/bin/sh\necho \"$1\" >> '" + counted.toUtf8() + "'\necho 44000\n"));
+        QSignalSpy told(m_ext, &ExternalStorage::disk_time_updated);
+        tell({"MNT USD " + m_unit.path("/media/internal"), "MNT USB1 " + m_unit.path("/media/usb1")});
+        m_ext->requestUpdate();
+        QTRY_COMPARE(m_ext->getMinsRemaining(), 2);
+        for (int i = 0; i < 3; ++i)
+            m_ext->requestUpdate();
+        QTRY_COMPARE(told.size(), 2);
+        QCOMPARE(told.last().first().toInt(), 2);
+
+        tell({"UMT " + m_unit.path("/media/usb1")});
+        QTRY_COMPARE(told.size(), 3);
+        tell({"MNT USB1 " + m_unit.path("/media/usb1")});
+        QTRY_COMPARE(told.size(), 4);
+        QFile file(counted);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QList<QByteArray> runs = file.readAll().trimmed().split('\n');
+        QCOMPARE(runs, (QList<QByteArray>{m_unit.path("/media/usb1").toUtf8(), m_unit.path("/media/internal").toUtf8(),
+                                          m_unit.path("/media/usb1").toUtf8()}));
+    }
+
     void noStorageMeansNoMinutes()
     {
         QVERIFY(m_unit.writeFile("/opt/hbi/bin/get_storage_info.sh", "#!/bin/sh\necho 50000000\n"));

@@ -85,6 +85,7 @@ private slots:
     void escapeWhilePlacingHidesAndStoresFalse();
     void counterIsInTheFileButNotOnScreen();
     void headerReplacesEverythingUnderIt();
+    void burstOfCapturesPublishesTheNewestOnce();
     void arrowPushesAnItemOffThePicture();
     void graphicVanishesFiveSecondsAfterReturn();
     void graphicKeysCycleColourSizeAndShape();
@@ -217,6 +218,25 @@ void TestOverlay::counterIsInTheFileButNotOnScreen()
     ov->setCounter(3.0);
     QCOMPARE(counter->text(), QStringLiteral("3.0ft"));
     QCOMPARE(ov->getCounter(), 3.0f);
+}
+
+void TestOverlay::burstOfCapturesPublishesTheNewestOnce()
+{
+    ConsoleSettings().setValue(QStringLiteral("Overlay/counter"), true);
+    overlay *ov = makeOverlay();
+    published();
+    QSignalSpy publishedSpy(ov, &overlay::overlayPublished);
+    for (int i = 1; i <= 10; ++i)
+        ov->setCounter(i * 11.1);
+    QCOMPARE(ov->capturesPending(), 2);
+    const QImage burst = published();
+    // The first capture of the burst and one for all the others.
+    QCOMPARE(publishedSpy.size(), 2);
+
+    ov->setCounter(111.0);
+    QCOMPARE(published(), burst);
+    ov->setCounter(99.9);
+    QVERIFY(published() != burst);
 }
 
 void TestOverlay::headerReplacesEverythingUnderIt()

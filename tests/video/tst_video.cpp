@@ -16,6 +16,7 @@
 #include "video/video.h"
 #include "video/videoscripts.h"
 #include "widgets/indicators.h"
+#include "widgets/messagedialog.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -81,6 +82,7 @@ private slots:
     void init();
 
     void secondRecordStartsNoSecondScript();
+    void failedRecordScriptEndsTheRecordingAndSaysWhy();
     void stopWhilePausedResumesThenStops();
     void returnToTheScreenAcknowledgesTheOpenNote();
     void recordWithinTheSavingSecondIsNotReset();
@@ -103,10 +105,16 @@ void TestVideo::initTestCase()
     m_controller = Controller::create(m_window, m_window);
     m_video = dynamic_cast<Video *>(m_window->videoScreen());
     QVERIFY(m_video);
+    // Nobody has asked for the camera yet.
+    QCOMPARE(m_video->indicators()->cameraState(), Indicators::Missing);
     QCOMPARE(m_video->whatsThis(), QStringLiteral("Main screen"));
     QCOMPARE(m_video->objectName(), QStringLiteral("videoScreen"));
     QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
     m_window->selectScreen(Controller::kScreenVideo);
+    // The kit's camera is attached: the strip says so once it has been asked.
+    m_video->detectCamera();
+    QTRY_VERIFY_WITH_TIMEOUT(m_video->isCameraPresent(), kScriptWaitMs);
+    QCOMPARE(m_video->indicators()->cameraState(), Indicators::Stop);
 }
 
 void TestVideo::init()
@@ -135,6 +143,28 @@ void TestVideo::stopRecording()
     // A second after the stop the recording counts as complete and the survey falls idle.
     QTRY_COMPARE_WITH_TIMEOUT(m_video->indicators()->cameraState(), Indicators::Stop, 3000);
     QCOMPARE(survey()->status(), SurveyManager::Idle);
+}
+
+void TestVideo::failedRecordScriptEndsTheRecordingAndSaysWhy()
+{
+    LogCapture log;
+    survey()->setStatus(SurveyManager::Recording);
+    m_video->record(m_unit.root() + QStringLiteral("/no-such-folder/section.mp4"));
+    QVERIFY(m_video->isRecording());
+    QTRY_VERIFY_WITH_TIMEOUT(!m_video->isRecording(), kScriptWaitMs);
+    QCOMPARE(m_video->indicators()->cameraState(), Indicators::Stop);
+    QCOMPARE(survey()->status(), SurveyManager::Idle);
+
+    auto *note = qobject_cast<MessageDialog *>(m_video->openDialog());
+    QVERIFY(note);
+    QVERIFY2(note->text().contains(QStringLiteral("did not start")), qPrintable(note->text()));
+    m_video->dummyEscape();
+    // Logged once, with the recorder's own word on why.
+    const QStringList failures = log.messages().filter(QStringLiteral("videoRecord.sh")).filter(QStringLiteral("ended with"));
+    QCOMPARE(failures.size(), 1);
+    QVERIFY2(failures.first().contains(QStringLiteral("did not start recording"))
+                 && failures.first().contains(QStringLiteral("error from")),
+             qPrintable(failures.first()));
 }
 
 void TestVideo::secondRecordStartsNoSecondScript()
@@ -324,6 +354,8 @@ void TestVideo::unchangedCameraDetectionSaysNothing()
     m_video->detectCamera();
     m_video->detectCamera();
     QCOMPARE(detached.size(), 1);
+    // One answer everywhere: the strip shows the camera gone.
+    QCOMPARE(m_video->indicators()->cameraState(), Indicators::Missing);
 
     QVERIFY(m_unit.writeFile(QStringLiteral("/var/hbi/sim/camera"), "1\n"));
     attached.clear();
@@ -331,6 +363,7 @@ void TestVideo::unchangedCameraDetectionSaysNothing()
     m_video->detectCamera();
     QCOMPARE(attached.size(), 1);
     QCOMPARE(detached.size(), 1);
+    QCOMPARE(m_video->indicators()->cameraState(), Indicators::Stop);
 }
 
 void TestVideo::pictureControlsStopShortOfTheirLimits_data()

@@ -1,3 +1,4 @@
+#include "storage/storagebase.h"
 #include "support/testunit.h"
 #include "widgets/audioindicator.h"
 #include "widgets/batteryindicator.h"
@@ -226,7 +227,7 @@ private slots:
         strip.setChargingState(3);
         strip.setBatteryTimeRemaining(79);
         strip.displayLampBrightness(60);
-        strip.selectStorage(StorageBase::kStorageUSB1);
+        strip.selectStorage(StorageBase::stripName(StorageBase::kStorageUSB1));
         strip.setDiskRecordTimeRemaining(4);
         strip.setCameraState(Indicators::Recording);
         strip.setModeInt(Indicators::kContrast, 65);
@@ -243,9 +244,9 @@ private slots:
         QCOMPARE(strip.wifi()->ostraPicture(), QString(":/graphics/Ostra_no_back.png"));
         QVERIFY(strip.sizeHint().height() <= 600);
         QCOMPARE(image.width(), IndicatorCell::kWidth);
-        strip.selectStorage(StorageBase::kStorageNONE);
+        strip.selectStorage(StorageBase::stripName(StorageBase::kStorageNONE));
         QCOMPARE(strip.cell(Indicators::kStorageCell)->caption(), QString("NO SAVE"));
-        strip.selectStorage(StorageBase::kStorageSD);
+        strip.selectStorage(StorageBase::stripName(StorageBase::kStorageSD));
         QCOMPARE(strip.cell(Indicators::kStorageCell)->caption(), QString("4m"));
         strip.setDiskRecordTimeRemaining(125);
         QCOMPARE(strip.cell(Indicators::kStorageCell)->caption(), QString("2h05"));

@@ -118,11 +118,26 @@ void OverlayFeed::setPixels(const void *argb, gsize bytes)
     m_frame = frame;
 }
 
-// Every frame is a fresh buffer around the same pixels: the source stamps it with
-// the time it is pushed.
+// Every frame is a fresh buffer around the same pixels, stamped with the pipeline's
+// running time. Until the pipeline runs there is no clock to stamp with, and a
+// buffer without a time stamp would reach the muxer and end the recording, so
+// nothing is pushed before then.
 void OverlayFeed::pushFrame()
 {
-    const GstFlowReturn flow = gst_app_src_push_buffer(GST_APP_SRC(m_appsrc), gst_buffer_copy(m_frame));
+    if (GST_STATE(m_appsrc) != GST_STATE_PLAYING)
+        return;
+    GstClock *clock = gst_element_get_clock(m_appsrc);
+    if (!clock)
+        return;
+    const GstClockTime now = gst_clock_get_time(clock);
+    gst_object_unref(clock);
+    const GstClockTime base = gst_element_get_base_time(m_appsrc);
+    if (!GST_CLOCK_TIME_IS_VALID(now) || now < base)
+        return;
+    GstBuffer *frame = gst_buffer_copy(m_frame);
+    GST_BUFFER_PTS(frame) = now - base;
+    GST_BUFFER_DURATION(frame) = kFrameMs * GST_MSECOND;
+    const GstFlowReturn flow = gst_app_src_push_buffer(GST_APP_SRC(m_appsrc), frame);
     if (flow != GST_FLOW_OK && flow != GST_FLOW_FLUSHING && flow != GST_FLOW_EOS)
         unitLog("overlay not accepted by the pipeline (%s)", gst_flow_get_name(flow));
 }

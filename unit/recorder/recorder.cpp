@@ -1,5 +1,6 @@
 #include "recorder.h"
 
+#include "camerafeed.h"
 #include "overlayfeed.h"
 #include "unitlog.h"
 
@@ -22,12 +23,13 @@ constexpr guint64 kHeaderSpaceMargin = 60 * GST_SECOND;
 constexpr guint kHeaderSpaceCheckSeconds = 10;
 constexpr guint kStopTimeoutSeconds = 5;
 
-// The test picture is the colour-bar card drifting sideways, so a frozen
-// recording is obvious on playback.
+// The picture is the simulated camera's moving pipe, so a frozen recording is
+// obvious on playback.
 constexpr const char *kPipeline =
-    "videotestsrc is-live=true pattern=smpte horizontal-speed=2"
-    " ! video/x-raw,width=720,height=576,framerate=25/1 ! queue max-size-buffers=4 ! mix.sink_0 "
-    "appsrc name=overlay is-live=true format=time do-timestamp=true max-buffers=2 leaky-type=downstream"
+    "appsrc name=camera is-live=true format=time max-buffers=4 leaky-type=downstream"
+    " caps=video/x-raw,format=BGRx,width=720,height=576,framerate=25/1,interlace-mode=progressive,pixel-aspect-ratio=1/1"
+    " ! queue max-size-buffers=4 ! mix.sink_0 "
+    "appsrc name=overlay is-live=true format=time max-buffers=2 leaky-type=downstream"
     " caps=video/x-raw,format=BGRA,width=720,height=576,framerate=25/1,interlace-mode=progressive,pixel-aspect-ratio=1/1"
     " ! queue max-size-buffers=2 ! mix.sink_1 "
     // Blending happens in the output format: it must keep the overlay's alpha.
@@ -46,6 +48,7 @@ Recorder::Recorder(Options options)
 Recorder::~Recorder()
 {
     m_overlay.reset();
+    m_camera.reset();
     if (m_pipeline) {
         gst_element_set_state(m_pipeline, GST_STATE_NULL);
         gst_object_unref(m_encoder);
@@ -74,10 +77,12 @@ int Recorder::run()
         writeState("failed");
         return 1;
     }
+    m_camera->start();
     m_overlay->start();
     g_main_loop_run(m_loop);
 
     m_overlay->stop();
+    m_camera->stop();
     gst_element_set_state(m_pipeline, GST_STATE_NULL);
     m_syncer.stop();
     writeState(m_exitCode == 0 ? "stopped" : "failed");
@@ -104,6 +109,9 @@ bool Recorder::buildPipeline()
                  kIndexBytesPerSecond, "reserved-moov-update-period", kIndexUpdatePeriod, nullptr);
     g_object_set(file, "location", m_options.output.c_str(), nullptr);
     m_overlay = std::make_unique<OverlayFeed>(overlay, m_options.overlay);
+    GstElement *camera = gst_bin_get_by_name(bin, "camera");
+    m_camera = std::make_unique<CameraFeed>(camera);
+    gst_object_unref(camera);
 
     GstPad *encoderInput = gst_element_get_static_pad(m_encoder, "sink");
     gst_pad_add_probe(encoderInput, GST_PAD_PROBE_TYPE_BUFFER, &Recorder::onEncoderInput, this, nullptr);
@@ -168,9 +176,8 @@ void Recorder::requestStop(const char *reason)
         return;
     writeState("stopping");
     unitLog("finishing the recording (%s)", reason);
-    // The overlay branch repeats its picture for ever and the test source never
-    // ends, so the end of stream goes straight into the encoder; frames still on
-    // their way are dropped by the probe.
+    // The overlay and camera feeds never end, so the end of stream goes straight
+    // into the encoder; frames still on their way are dropped by the probe.
     gst_element_send_event(m_encoder, gst_event_new_eos());
     g_timeout_add_seconds(kStopTimeoutSeconds, &Recorder::onStopTimeout, this);
 }
@@ -201,6 +208,20 @@ GstPadProbeReturn Recorder::retime(GstPadProbeInfo *info)
         return GST_PAD_PROBE_DROP;
     GstBuffer *buffer = GST_PAD_PROBE_INFO_BUFFER(info);
     const GstClockTime pts = GST_BUFFER_PTS(buffer);
+    // The encoder stamps a frame that does not come after the one before it with
+    // no time at all, and the muxer ends the file at such a frame. The mixer can
+    // hand over two frames of one time as its inputs start, so those are dropped
+    // here, as are frames without a time.
+    if (!GST_CLOCK_TIME_IS_VALID(pts) || (GST_CLOCK_TIME_IS_VALID(m_lastPts) && pts <= m_lastPts)) {
+        if (!m_untimedFrameLogged.exchange(true))
+            unitLog("a frame without a new time stamp was dropped before the encoder");
+        return GST_PAD_PROBE_DROP;
+    }
+    // The mixer starts on its black background before the camera's first
+    // picture is in; a recording starts with the picture.
+    const GstClockTime cameraStart = m_camera->firstFrameTime();
+    if (!GST_CLOCK_TIME_IS_VALID(cameraStart) || pts < cameraStart)
+        return GST_PAD_PROBE_DROP;
     bool first = false;
     GstClockTime shift = 0;
     {
@@ -217,6 +238,7 @@ GstPadProbeReturn Recorder::retime(GstPadProbeInfo *info)
             m_pauseStarted = false;
         }
         shift = m_pausedTotal;
+        m_lastPts = pts;
         first = !m_firstFrameSeen;
         m_firstFrameSeen = true;
     }

@@ -9,9 +9,10 @@
 #include <mutex>
 #include <string>
 
+class CameraFeed;
 class OverlayFeed;
 
-// Records the simulated camera, a moving 720x576 test picture at 25 frames per
+// Records the simulated camera, the moving 720x576 pipe picture at 25 frames per
 // second, with the console's overlay file burnt in, into one MP4.
 //
 // Crash safety: the muxer reserves room for its index at the start of the file and
@@ -67,6 +68,7 @@ private:
     GstElement *m_encoder = nullptr;
     GstElement *m_muxer = nullptr;
     std::unique_ptr<OverlayFeed> m_overlay;
+    std::unique_ptr<CameraFeed> m_camera;
     FileSyncer m_syncer;
     int m_exitCode = 0;
     bool m_recording = false;
@@ -78,5 +80,7 @@ private:
     GstClockTime m_pauseStart = 0;
     GstClockTime m_pausedTotal = 0;
     bool m_firstFrameSeen = false;
+    GstClockTime m_lastPts = GST_CLOCK_TIME_NONE;
     std::atomic<bool> m_stopping{false};
+    std::atomic<bool> m_untimedFrameLogged{false};
 };

@@ -9,14 +9,17 @@ set -eu
 . "${DUCTLINE_ROOT:-}/usr/local/lib/unitkit.sh"
 . "$ROOT/usr/local/lib/recorderkit.sh"
 
+# The console shows the last line printed as the cause of a failure.
+fail() {
+    unitkit_log "$*"
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
 out="${1:-}"
-if [ -z "$out" ]; then
-    unitkit_log "no recording path given"
-    exit 1
-fi
+[ -n "$out" ] || fail "no recording path given"
 if pid=$(recorder_pid); then
-    unitkit_log "already recording ($pid); $out not started"
-    exit 1
+    fail "already recording ($pid); $out not started"
 fi
 
 mkdir -p "$UNITKIT_RUN"
@@ -30,5 +33,8 @@ if recorder_wait_state "$pid" recording 100; then
     unitkit_log "recording $out ($pid)"
     exit 0
 fi
-unitkit_log "recorder $pid did not start recording $out (state: $(recorder_state))"
-exit 1
+# The recorder's own words say why: its first error, else its last line.
+said=$(grep -F "$RECORDER_NAME[$pid]: " "$UNITKIT_LOG" 2>/dev/null | sed 's/^[^]]*]: //' | grep -v "ended with a fault" || true)
+cause=$(printf '%s\n' "$said" | grep '^error from' | head -n 1)
+[ -n "$cause" ] || cause=$(printf '%s\n' "$said" | tail -n 1)
+fail "recorder $pid did not start recording $out (state: $(recorder_state))${cause:+: $cause}"

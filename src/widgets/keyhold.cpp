@@ -1,4 +1,4 @@
-#include "app/keyhold.h"
+#include "widgets/keyhold.h"
 
 #include <QKeyEvent>
 

@@ -1,0 +1,157 @@
+// Feeds the mobile app link's parsers with arbitrary input: each block is cut
+// into lines as the link cuts a read (at carriage returns, trimmed, overlong
+// lines dropped), each line is told apart and answered; bytes with a tab also go
+// through the route-table reader as a /proc/net/route file. Without libFuzzer,
+// main() makes the inputs itself: mutated app lines from a fixed seed.
+
+#include "connectivity/appcommand.h"
+#include "connectivity/external_control.h"
+#include "connectivity/routetable.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string>
+
+namespace {
+struct Parsers {
+    Parsers()
+    {
+        static int argc = 1;
+        static char name[] = "fuzz";
+        static char *argv[] = {name, nullptr};
+        app = new QCoreApplication(argc, argv);
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+        routePath = dir.filePath(QStringLiteral("route"));
+    }
+    QCoreApplication *app = nullptr;
+    QTemporaryDir dir;
+    QString routePath;
+};
+
+Parsers &parsers()
+{
+    static Parsers instance;
+    return instance;
+}
+
+void check(bool condition)
+{
+    if (!condition)
+        std::abort();
+}
+
+void tellApart(const QByteArray &piece)
+{
+    const AppCommand command = AppCommand::parse(QString(piece));
+    switch (command.kind()) {
+    case AppCommand::kTransferReceive:
+        check(command.words().size() >= 4);
+        break;
+    case AppCommand::kTransferSend:
+        check(command.words().size() < 4 && command.word(1) == QLatin1String("true"));
+        break;
+    case AppCommand::kPort:
+    case AppCommand::kIP:
+    case AppCommand::kFileErrorSuccess:
+    case AppCommand::kFileErrorFailure:
+    case AppCommand::kFileErrorOther:
+        check(command.words().size() >= 2);
+        break;
+    default:
+        break;
+    }
+    const QByteArray reply = AppCommand::reply(command.word(0));
+    check(reply.isEmpty() || reply.endsWith('\r'));
+}
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    Parsers &p = parsers();
+    const QByteArray block(reinterpret_cast<const char *>(data), int(size));
+    for (const QByteArray &raw : block.split('\r')) {
+        const QByteArray piece = raw.trimmed();
+        if (!piece.isEmpty() && piece.size() <= external_control::kMaxCommandLength)
+            tellApart(piece);
+    }
+    // Only what could be a route table goes through a file: the write is the slow part.
+    QFile route(p.routePath);
+    if (block.contains('\t') && route.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        route.write(block);
+        route.close();
+        for (const QString &gateway : RouteTable::defaultGateways(p.routePath))
+            check(gateway.count(QLatin1Char('.')) == 3);
+    }
+    RouteTable::dottedAddress(QString::fromLatin1(block.left(16)));
+    return 0;
+}
+
+#ifndef DUCTLINE_LIBFUZZER
+namespace {
+const char *const kSeeds[] = {
+    "LampUp\r", "LampDown\r", "Record\r", "Stop\r", "CoilerSet\r", "StartStream\r", "StopStream\r", "GetProjects\r",
+    "GetReport\r", "GetXML\r", "*IDN?\r", "Port 8081\r", "IP 192.168.0.10\r", "Transfer 1000 jpg Map\r",
+    "Transfer 20 png Site\r", "Transfer true\r", "FileError 0\r", "FileError 1\r", "SetProject a\r", "OstraApp beat\r",
+    "ostraapp BEAT\r", "Iface\tDestination\tGateway \tFlags\tRefCnt\tUse\tMetric\tMask\t\tMTU\tWindow\tIRTT\n"
+    "wlan0\t00000000\t0101A8C0\t0003\t0\t0\t600\t00000000\t0\t0\t0\n",
+};
+const char kAlphabet[] = "0123456789ABCDEFabcdef .?*/\\\r\n\t\xff\x80\x00";
+
+std::string mutate(std::mt19937 &rng)
+{
+    std::string s = kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
+    const int edits = int(rng() % 6);
+    for (int e = 0; e < edits; ++e) {
+        const size_t pos = s.empty() ? 0 : rng() % (s.size() + 1);
+        switch (rng() % 5) {
+        case 0:
+            if (!s.empty())
+                s[pos % s.size()] = char(rng() % 256);
+            break;
+        case 1:
+            s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
+            break;
+        case 2:
+            if (!s.empty())
+                s.erase(pos % s.size(), rng() % 8);
+            break;
+        case 3:  // a long run, to cross the line limit
+            s.insert(pos, std::string(rng() % 2048, kAlphabet[rng() % 16]));
+            break;
+        default:
+            s += kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
+            break;
+        }
+    }
+    return s;
+}
+}
+
+int main(int argc, char **argv)
+{
+    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 100000UL;
+    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20240101UL;
+    std::mt19937 rng(seed);
+    unsigned long bytes = 0;
+    for (unsigned long i = 0; i < runs; ++i) {
+        std::string input;
+        if (rng() % 10 == 0) {
+            input.resize(rng() % 400);
+            for (char &c : input)
+                c = char(rng() % 256);
+        } else {
+            input = mutate(rng);
+        }
+        bytes += input.size();
+        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
+    }
+    std::printf("parsed %lu inputs (%lu bytes, seed %lu) without a finding\n", runs, bytes, seed);
+    return 0;
+}
+#endif
