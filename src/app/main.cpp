@@ -8,6 +8,7 @@
 #include "app/startuptimes.h"
 #include "core/unitpaths.h"
 #include "app/version.h"
+#include "survey/wincan/wccatalogue.h"
 #include "widgets/consolestyle.h"
 #include "widgets/graphics.h"
 
@@ -91,7 +92,7 @@ static void logIdentity()
             << "path:" << QCoreApplication::applicationFilePath();
     qInfo() << "Organisation:" << QCoreApplication::organizationName() << QCoreApplication::organizationDomain();
     qInfo() << "Qt run-time version:" << qVersion();
-    qInfo() << "WCCat library version" << "unavailable: the defect catalogue is not part of this build";
+    qInfo() << "WCCat library version" << WCCatalogue::getInterfaceVersion();
 }
 
 int main(int argc, char *argv[])

@@ -2,6 +2,7 @@
 
 #include "instrument/cameracontroller.h"
 #include "settings/serviceconsole.h"
+#include "settings/settingscloud.h"
 #include "settings/settingsclock.h"
 #include "settings/settingsform.h"
 #include "settings/settingsnetwork.h"
@@ -19,7 +20,7 @@ namespace {
 const char *const kTabTitles[Settings::kTabCount] = {
     QT_TRANSLATE_NOOP("Settings", "Coiler"), QT_TRANSLATE_NOOP("Settings", "Text and Graphics"), QT_TRANSLATE_NOOP("Settings", "General"),
     QT_TRANSLATE_NOOP("Settings", "Clock"),             QT_TRANSLATE_NOOP("Settings", "WinCan"),            QT_TRANSLATE_NOOP("Settings", "Status"),
-    QT_TRANSLATE_NOOP("Settings", "Wi-Fi"),             QT_TRANSLATE_NOOP("Settings", "Service"),
+    QT_TRANSLATE_NOOP("Settings", "Wi-Fi"),             QT_TRANSLATE_NOOP("Settings", "Cloud"),             QT_TRANSLATE_NOOP("Settings", "Service"),
 };
 } // namespace
 
@@ -46,6 +47,7 @@ Settings::Settings(QWidget *parent) : PipeScreen(parent)
     m_tabs->addTab(m_status, QString());
     m_network = new settingsnetwork(m_tabs);
     m_tabs->addTab(m_network, QString());
+    m_tabs->addTab(new SettingsCloud(m_tabs), QString());
     m_service = new ServiceConsole(m_tabs);
     m_tabs->addTab(m_service, QString());
     connect(m_tabs, &QTabWidget::currentChanged, this, &Settings::focusTab);

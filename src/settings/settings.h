@@ -18,7 +18,7 @@ class Settings : public PipeScreen
 {
     Q_OBJECT
 public:
-    enum Tab { kTabCoiler, kTabText, kTabGeneral, kTabClock, kTabWinCan, kTabStatus, kTabNetwork, kTabService, kTabCount };
+    enum Tab { kTabCoiler, kTabText, kTabGeneral, kTabClock, kTabWinCan, kTabStatus, kTabNetwork, kTabCloud, kTabService, kTabCount };
 
     explicit Settings(QWidget *parent = nullptr);
 

@@ -1,8 +1,10 @@
 #include "storage/reportmanager.h"
 
 #include "core/unitpaths.h"
+#include "storage/cloudlister.h"
 #include "storage/devicelister.h"
 #include "storage/folderscan.h"
+#include "storage/networkstorage.h"
 #include "storage/ireportscreen.h"
 #include "storage/reportlister.h"
 #include "storage/sitelister.h"
@@ -125,8 +127,12 @@ bool ReportManager::showFolder(int level, int row)
         return false;
     }
     Lister *folder = nullptr;
-    if (level == 1) {
+    const bool cloud = StorageBase::isServer(m_current_device) && level <= 2;
+    if (level == 1)
         path += kSurveyFolder;
+    if (cloud) {
+        folder = new CloudLister(path, NetworkStorage::instance()->indexedPaths(), this);
+    } else if (level == 1) {
         folder = new SiteLister(path, this);
     } else if (level == 2) {
         folder = new SurveyLister(path, this);
@@ -189,6 +195,12 @@ qint64 ReportManager::kilobytesFrom(const QString &script, const QString &path)
 int ReportManager::copyDir(const QString &source, const QString &device, const QString &relative)
 {
     const QString root = StorageBase::instance()->nameToPath(device);
+    // The size of what lies on the cloud site is not known here; the download
+    // itself stops at the first file that cannot be written.
+    if (StorageBase::isServer(m_current_device) && !root.isEmpty()) {
+        emit copySurvey(source, root + kSurveyFolder + QLatin1Char('/') + relative);
+        return kCopyStarted;
+    }
     const qint64 free = kilobytesFrom(QStringLiteral("get_storage_info.sh"), root);
     const qint64 size = kilobytesFrom(QStringLiteral("get_directory_info.sh"), source);
     qInfo().noquote() << QStringLiteral("Copy of %1 (%2 KB) to %3 (%4 KB free)").arg(source).arg(size).arg(device).arg(free);

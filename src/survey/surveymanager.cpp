@@ -9,6 +9,7 @@
 #include "survey/basic/basiccontroller.h"
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/corvane/corvanedata.h"
+#include "survey/corvane/wrcchain.h"
 #include "survey/observationline.h"
 #include "survey/wincan/wincandata.h"
 #include "widgets/hbimessagebox.h"
@@ -160,7 +161,11 @@ void SurveyManager::handleText(QChar key)
 {
     if (!m_video)
         return;
-    if (m_video->isRecording() && isProjectMode())
+    if (!m_video->isRecording() || !isProjectMode())
+        return;
+    if (m_type == kSurveyType_CORVANE && corvane())
+        corvane()->wrcChain()->text_key(key);
+    else
         askModeController(qPrintable(QStringLiteral("Text key ") + key));
 }
 
@@ -334,9 +339,12 @@ void SurveyManager::askStartQuestions()
         m_video->dummyEscape();
         takeSnapshot(false);
         const bool wrc = ConsoleSettings().value(QStringLiteral("SurveyData/WRC"), false).toBool();
-        if (ConsoleSettings::languageCode() != QLatin1String("en-US") && wrc)
-            askModeController("Start node list");
-        else if (CorvaneController *ostra = corvane())
+        if (ConsoleSettings::languageCode() != QLatin1String("en-US") && wrc) {
+            if (CorvaneController *ostra = corvane())
+                ostra->wrcChain()->startNodeList();
+            else
+                askModeController("Start node list");
+        } else if (CorvaneController *ostra = corvane())
             ostra->startostraPopUp();
         else
             askModeController("Ostra start pop-up");
@@ -374,6 +382,10 @@ bool SurveyManager::askEndQuestions()
         connect(ostra, &CorvaneController::goodStop, this, qOverload<>(&SurveyManager::takeSnapshot),
                 Qt::UniqueConnection);
         ostra->showOstraEndQuestions();
+        return true;
+    }
+    if (ostra) {
+        ostra->wrcChain()->showEndQuestions();
         return true;
     }
     // Until the project modes ask their end questions, their recordings end as a

@@ -4,6 +4,7 @@
 #include "widgets/keypaddialog.h"
 #include "widgets/menudialog.h"
 #include "widgets/messagedialog.h"
+#include "widgets/paramentrydialog.h"
 #include "widgets/textentrydialog.h"
 
 #include <QCoreApplication>
@@ -52,8 +53,8 @@ bool SurveyDialogHost::open(IVideoScreen::overlay_menu_t type, const QString &ti
             : new MessageDialog(parent(), title, list.value(0));
         break;
     case IVideoScreen::kOverlayParamEntry:
-        qInfo().noquote() << "Parameter entry" << title << "not available in this build";
-        return false;
+        dialog = new ParamEntryDialog(parent(), receiver, slot, title, list);
+        break;
     default:
         qWarning() << "Unknown dialog type" << type;
         return false;

@@ -1,3 +1,4 @@
+#include "core/uikeys.h"
 #include "storage/storagebase.h"
 #include "support/testunit.h"
 #include "widgets/audioindicator.h"
@@ -9,6 +10,7 @@
 #include "widgets/indicators.h"
 #include "widgets/menudialog.h"
 #include "widgets/messagedialog.h"
+#include "widgets/paramentrydialog.h"
 #include "widgets/textentrydialog.h"
 #include "widgets/wifiindicator.h"
 
@@ -123,6 +125,34 @@ private slots:
         QVERIFY2(countNear(image, areaOf(field, &entry), ConsoleStyle::focus()) > field->width(),
                  "the field in use has the blue focus frame");
         QVERIFY2(countNear(image, image.rect(), ConsoleStyle::alarm()) > 500, "the refusal shows in red");
+    }
+
+    void paramEntryShowsMandatoryFieldsAndFocus()
+    {
+        ParamEntryDialog entry(nullptr, nullptr, nullptr, "Code: DEG",
+                               {"from o'clock [1-12] *", "to o'clock [1-12] *", "Cross-sectional area loss %",
+                                "Continuous Defect Y/N", "Remarks "});
+        const QImage image = snapshot(&entry, "paramentry");
+        QWidget *field = entry.focusWidget();
+        QVERIFY(field);
+        QCOMPARE(field->objectName(), QStringLiteral("0"));
+        QVERIFY2(countNear(image, areaOf(field, &entry), ConsoleStyle::focus()) > field->width(),
+                 "the field in use has the blue focus frame");
+        const QRect mandatory = areaOf(entry.findChild<QWidget *>(QStringLiteral("1")), &entry);
+        const QRect optional = areaOf(entry.findChild<QWidget *>(QStringLiteral("2")), &entry);
+        QVERIFY2(image.pixelColor(mandatory.center()) != image.pixelColor(optional.center()),
+                 "an empty mandatory field looks apart from an optional one");
+        QVERIFY(image.width() <= 800 && image.height() <= 600);
+        QTest::keyClick(&entry, Qt::Key_Down);
+        QCOMPARE(entry.focusWidget()->objectName(), QStringLiteral("1"));
+        QTest::keyClick(&entry, Qt::Key_Up);
+        QTest::keyClick(&entry, Qt::Key_Up);
+        QCOMPARE(entry.focusWidget()->objectName(), QStringLiteral("4"));
+        for (const int size : {1, 2}) {
+            QTest::keyClick(&entry, Qt::Key(Ui::Key_Size));
+            const QImage larger = snapshot(&entry, QStringLiteral("paramentry-size%1").arg(size));
+            QVERIFY2(larger.height() > image.height(), "a larger text size makes a larger dialog");
+        }
     }
 
     void noteAndWarningBox()

@@ -1,6 +1,7 @@
 #include "app/browser/copysurvey.h"
 
 #include "core/unitpaths.h"
+#include "storage/networkstorage.h"
 #include "widgets/hbimessagebox.h"
 
 #include <QDebug>
@@ -31,7 +32,13 @@ CopySurvey::CopySurvey(const QString &source, const QString &destination, QWidge
     m_frame->setFocusPolicy(Qt::NoFocus);
     m_frame->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_frame->hide();
-    Copy(source, destination);
+    m_cloud = NetworkStorage::instance();
+    if (m_cloud->isCloudPath(source))
+        Transfer(false, source, destination);
+    else if (m_cloud->isCloudPath(destination))
+        Transfer(true, source, destination);
+    else
+        Copy(source, destination);
     delete m_progress;
     m_progress = nullptr;
 }
@@ -65,6 +72,74 @@ void CopySurvey::Copy(const QString &source, const QString &destination)
         qWarning() << "Copy dialog closed while the copy still runs; waiting for it";
         m_process->waitForFinished(-1);
     }
+}
+
+void CopySurvey::Transfer(bool upload, const QString &source, const QString &destination)
+{
+    const auto unique = Qt::UniqueConnection;
+    QList<QMetaObject::Connection> wires{
+        connect(m_cloud, &NetworkStorage::copyStarted, this, &CopySurvey::handleStartDialog, unique),
+        connect(m_cloud, &NetworkStorage::copyDone, this, &CopySurvey::handleNetworkDone, unique),
+        connect(m_cloud, &NetworkStorage::copyAborted, this, &CopySurvey::handleErrorDialog, unique),
+        connect(m_progress, &QProgressDialog::canceled, m_cloud, &NetworkStorage::cancelCopy, unique),
+        upload ? connect(this, &CopySurvey::startupload, m_cloud, &NetworkStorage::uploadFiles, unique)
+               : connect(this, &CopySurvey::startdownload, m_cloud, &NetworkStorage::downloadFiles, unique)};
+    qInfo().noquote() << (upload ? "Uploading" : "Downloading") << source << "to" << destination;
+    if (upload)
+        emit startupload(source, destination);
+    else
+        emit startdownload(source, destination);
+    // The network side answers through the event loop of the dialog; a copy
+    // refused at once has told the operator already.
+    if (!m_told)
+        m_progress->exec();
+    // The network storage outlives this copy: nothing of it may call back here.
+    for (const QMetaObject::Connection &wire : qAsConst(wires))
+        disconnect(wire);
+}
+
+void CopySurvey::handleStartDialog()
+{
+    m_progress->setLabelText(m_cloud->isWinCanWeb()
+                                 ? tr("<p align=' center'><strong>WinCan Web Copy in Progress...</strong></p>"
+                                      "<p align='center'>Do Not Remove the WiFi Dongle during Copy!</p>")
+                                 : tr("<p align='center'><strong>Copy in Progress...</strong></p>"
+                                      "<p align='center'>Do Not Remove the WiFi Dongle during Copy!</p>"));
+    m_progress->setCancelButtonText(tr("Cancel"));
+    m_running = true;
+}
+
+void CopySurvey::handleNetworkDone(int code, QProcess::ExitStatus status)
+{
+    m_running = false;
+    closeProgress();
+    if (code != NetworkStorage::kCopyDoneCode || status != QProcess::NormalExit)
+        return;
+    if (m_cloud->isWinCanWeb())
+        showResult(true, QMessageBox::NoIcon, tr("<p align='center'><strong>WinCan Web Copy Success</strong></p>"),
+                   tr("<p align='center'>Successfully Copied Project.</p><p align='center'>You will receive an email "
+                      "when your project has been processed and is ready to view on the Web.</p>"));
+    else
+        showResult(true, QMessageBox::NoIcon, tr("<p align='center'><strong>Cloud Copy Success</strong></p>"),
+                   tr("<p align='center'>Successfully Copied Survey.</p>"));
+}
+
+void CopySurvey::handleErrorDialog(int code)
+{
+    m_running = false;
+    closeProgress();
+    qWarning() << "Cloud copy aborted with code" << code;
+    const QString wincanFailed = tr("<p align='center'><strong>WinCan Web Copy Failed</strong></p>");
+    if (code == -3)
+        showResult(false, QMessageBox::Information, wincanFailed,
+                   tr("<p align='center'>Downloading WinCan projects is not supported.</p>"));
+    else if (code == -2)
+        showResult(false, QMessageBox::Warning, wincanFailed,
+                   tr("<p align='center'>Please export your WinCan project before uploading.</p>"));
+    else
+        showResult(false, QMessageBox::Critical,
+                   m_cloud->isWinCanWeb() ? wincanFailed : tr("<p align='center'><strong>Cloud Copy Failed</strong></p>"),
+                   tr("<p align='center'>Error: Copy Aborted.</p>"));
 }
 
 void CopySurvey::handleStarted()
@@ -127,17 +202,22 @@ void CopySurvey::closeProgress()
 // target holds the survey; both endings are told.
 void CopySurvey::tellOperator(bool ok)
 {
+    showResult(ok, ok ? QMessageBox::NoIcon : QMessageBox::Critical,
+               ok ? tr("<p align='center'><strong>Copy Success</strong></p>")
+                  : tr("<p align='center'><strong>Copy Failed</strong></p>"),
+               ok ? tr("<p align='center'>Successfully Copied Survey.</p>")
+                  : tr("<p align='center'>Error: Copy Aborted.</p><p align='center'>"
+                       "The copy on the target is incomplete; the original is unchanged.</p>"));
+}
+
+void CopySurvey::showResult(bool ok, QMessageBox::Icon icon, const QString &text, const QString &informative)
+{
     if (m_told)
         return;
     m_told = true;
     m_succeeded = ok;
-    HBIMessageBox box(ok ? QMessageBox::NoIcon : QMessageBox::Critical,
-                      ok ? tr("<p align='center'><strong>Copy Success</strong></p>")
-                         : tr("<p align='center'><strong>Copy Failed</strong></p>"),
-                      QMessageBox::Ok, m_parent);
-    box.setInformativeText(ok ? tr("<p align='center'>Successfully Copied Survey.</p>")
-                              : tr("<p align='center'>Error: Copy Aborted.</p><p align='center'>"
-                                   "The copy on the target is incomplete; the original is unchanged.</p>"));
+    HBIMessageBox box(icon, text, QMessageBox::Ok, m_parent);
+    box.setInformativeText(informative);
     box.setDefaultButton(QMessageBox::Ok);
     box.exec();
 }

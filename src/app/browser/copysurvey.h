@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QMessageBox>
 #include <QProcess>
 
+class NetworkStorage;
 class QFrame;
 class QProgressDialog;
 class QWidget;
@@ -20,16 +22,26 @@ public:
     // The percent the copy script last reported.
     int progress() const;
 
+signals:
+    void startdownload(QString source, QString destination);
+    void startupload(QString source, QString destination);
+
 private slots:
     void handleStarted();
+    void handleStartDialog();
+    void handleNetworkDone(int code, QProcess::ExitStatus status);
+    void handleErrorDialog(int code);
     void handleFinished(int code, QProcess::ExitStatus status);
     void handleError(QProcess::ProcessError error);
     void readProgress();
 
 private:
     void Copy(const QString &source, const QString &destination);
+    // To or from the cloud site, through the network storage.
+    void Transfer(bool upload, const QString &source, const QString &destination);
     void closeProgress();
     void tellOperator(bool ok);
+    void showResult(bool ok, QMessageBox::Icon icon, const QString &text, const QString &informative);
 
     QWidget *m_parent = nullptr;
     QProcess *m_process = nullptr;
@@ -38,4 +50,5 @@ private:
     bool m_told = false;
     QProgressDialog *m_progress = nullptr;
     QFrame *m_frame = nullptr;
+    NetworkStorage *m_cloud = nullptr;
 };

@@ -9,6 +9,7 @@
 #include "storage/externalstorage.h"
 #include "survey/corvane/corvanequestions.h"
 #include "survey/corvane/corvanesurveyfiles.h"
+#include "survey/corvane/wrcchain.h"
 #include "survey/surveymanager.h"
 #include "survey/surveypaths.h"
 
@@ -65,6 +66,14 @@ CorvaneController::CorvaneController(QObject *parent) : SurveyController(parent)
     m_timer->setSingleShot(true);
     m_timer->setInterval(kBeginNoteMs);
     connect(m_timer, &QTimer::timeout, this, &CorvaneController::closePopUp);
+    m_wrc = new WrcChain(this);
+    connect(m_wrc, &WrcChain::modeMenuWanted, this, &CorvaneController::button_push);
+}
+
+WrcChain *CorvaneController::wrcChain()
+{
+    m_wrc->setVideoScreen(m_video);
+    return m_wrc;
 }
 
 CorvaneController *CorvaneController::instance(QObject *parent)
@@ -472,7 +481,7 @@ void CorvaneController::menuObservation(int row)
             m_video->showDialogue(tr("Are you sure you want to stop the recording?"), {tr("No"), tr("Yes")}, this,
                                   SLOT(menuEndSection(int)));
     } else if (row == 2) {
-        qInfo() << "Continuous defects need the defect catalogue, which this build does not have";
+        wrcChain()->showContDefs();
     }
 }
 
@@ -482,6 +491,8 @@ void CorvaneController::menuEndSection(int row)
         return;
     SurveyManager::instance()->handleAction(SurveyManager::kActionStop, 0);
     m_sectionOpen = false;
+    if (!settingIsTrue(QStringLiteral("SurveyData/WRC")))
+        wrcChain()->closeAllContDefs();
 }
 
 void CorvaneController::endEngNotes()

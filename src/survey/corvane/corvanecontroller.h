@@ -7,6 +7,7 @@
 
 class CorvaneQuestions;
 class QTimer;
+class WrcChain;
 class exportPDF;
 
 template <typename T>
@@ -45,6 +46,8 @@ public:
     void startostraPopUp();
     void showOstraEndQuestions();
     CorvaneQuestions *questions() const { return m_questions; }
+    // The question chains of the WRC schema, on the current screen.
+    WrcChain *wrcChain();
 
 public slots:
     // The project form saved: make the project folder and file, then a section.
@@ -129,4 +132,5 @@ private:
     bool mOstraInstruction = false;
     popup_type mPopupType = kStartmessage;
     CorvaneQuestions *m_questions = nullptr;
+    WrcChain *m_wrc = nullptr;
 };

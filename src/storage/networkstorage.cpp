@@ -1,0 +1,507 @@
+#include "storage/networkstorage.h"
+
+#include "core/processcontroller.h"
+#include "core/singleton.h"
+#include "core/unitpaths.h"
+#include "storage/cloudconfig.h"
+#include "storage/ftpclient.h"
+#include "storage/wcwclient.h"
+#include "storage/wirelesslog.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+
+namespace {
+const QString kQuickScan = QStringLiteral("ftp_quickscan.sh");
+const QString kFullScan = QStringLiteral("ftp_fullscan.sh");
+const QString kMakePath = QStringLiteral("ftp_makepath.sh");
+const QString kShell = QStringLiteral("/bin/sh");
+const QString kDirLine = QStringLiteral("DIR: ");
+const QString kFileLine = QStringLiteral("FILE: ");
+const QString kMakePathFailed = QStringLiteral("Could not chdir to");
+const QString kCloudName = QStringLiteral("Cloud");
+const QString kWinCanWebName = QStringLiteral("WinCan Web");
+const char kWinCanWebServerKey[] = "Cloud/WinCanWebServer";
+const char kWinCanWebServer[] = "https://wincanweb.invalid";
+constexpr int kFullWifi = 4;
+constexpr int kNoWifiConnection = 1;
+} // namespace
+
+NetworkStorage::NetworkStorage(QObject *parent) : StorageBase(parent)
+{
+    m_ftp = FTPClient::instance(parent);
+    process = ProcessController::instance(parent);
+    m_wifiState = wifiStateFromRoute();
+    connect(process, &ProcessController::outputWithArgs, this, &NetworkStorage::finishedProcess);
+    connect(m_ftp, &FTPClient::done, this, &NetworkStorage::copyFinished);
+    connect(m_ftp, &FTPClient::quitclicked, this, &NetworkStorage::copyQuit);
+    m_wcw = WCWClient::instance(parent);
+    WCWhost = QSettings(QStringLiteral("Corvane"), QStringLiteral("Ductline"))
+                  .value(kWinCanWebServerKey, QString::fromLatin1(kWinCanWebServer))
+                  .toString();
+    m_wcw->setServer(QUrl(WCWhost));
+    connect(m_wcw, &WCWClient::loggedin, this, &NetworkStorage::wcwLoggedIn);
+    connect(m_wcw, &WCWClient::newpaths, this, &NetworkStorage::wcwPaths);
+    connect(m_wcw, &WCWClient::done, this, &NetworkStorage::copyFinished);
+    connect(m_wcw, &WCWClient::quitclicked, this, &NetworkStorage::copyQuit);
+    readSettings();
+    if (QFile::exists(CloudIndex::fileName()))
+        m_index.read();
+}
+
+NetworkStorage *NetworkStorage::instance(QObject *parent)
+{
+    static NetworkStorage *theInstance = nullptr;
+    return Singleton<NetworkStorage>::instance(theInstance, parent);
+}
+
+// Until the Wi-Fi link reports, a default route on the wireless interface
+// stands for a connection.
+int NetworkStorage::wifiStateFromRoute()
+{
+    QFile route(unitPath(QStringLiteral("/proc/net/route")));
+    if (!route.open(QIODevice::ReadOnly))
+        return kNoWifiConnection;
+    while (!route.atEnd()) {
+        const QList<QByteArray> fields = route.readLine().simplified().split(' ');
+        if (fields.size() > 1 && fields.at(0) == "wlan0" && fields.at(1) == "00000000")
+            return kFullWifi;
+    }
+    return kNoWifiConnection;
+}
+
+void NetworkStorage::setWifiState(int state)
+{
+    m_wifiState = state;
+}
+
+QString NetworkStorage::filterPath(const QString &path, bool keepBelow)
+{
+    return CloudIndex::filterPath(path, keepBelow);
+}
+
+void NetworkStorage::setWinCanWeb(bool on)
+{
+    m_wincanweb = on;
+}
+
+int NetworkStorage::serverSlot() const
+{
+    return m_wincanweb ? kStorageWINCANWEB : kStorageCLOUD;
+}
+
+QString NetworkStorage::serverRoot() const
+{
+    return m_wincanweb ? WCWhost : m_host;
+}
+
+bool NetworkStorage::isCloudPath(const QString &path) const
+{
+    const QString root = StorageBase::instance()->getPath(serverSlot());
+    if (root.isEmpty() || !path.startsWith(root + QLatin1Char('/')))
+        return false;
+    return !filterPath(path, true).isEmpty();
+}
+
+void NetworkStorage::readSettings()
+{
+    CloudConfig config;
+    if (!config.read())
+        return;
+    m_host = config.host;
+    m_username = config.username;
+    m_password = config.password;
+    emit update(m_host, m_username, m_password);
+}
+
+void NetworkStorage::writeSettings()
+{
+    CloudConfig config{m_host, m_username, m_password};
+    config.write();
+}
+
+void NetworkStorage::networkScan(QString host, QString user, QString password)
+{
+    m_host = host.trimmed();
+    // The site is named without a scheme; an operator may type one.
+    const int scheme = m_host.indexOf(QStringLiteral("://"));
+    if (scheme >= 0)
+        m_host = m_host.mid(scheme + 3);
+    while (m_host.endsWith(QLatin1Char('/')))
+        m_host.chop(1);
+    m_username = user;
+    m_password = password;
+    writeSettings();
+    m_index.reset();
+    if (m_wincanweb) {
+        m_wcw->logout();
+        m_wcw->loginToWeb(m_username, m_password);
+        return;
+    }
+    performScan(QString());
+}
+
+void NetworkStorage::wcwLoggedIn()
+{
+    if (m_wcw->isLoggedIn())
+        performScan(QString());
+    else
+        wcwPaths(false, QStringList());
+}
+
+void NetworkStorage::wcwPaths(bool ok, QStringList names)
+{
+    if (ok) {
+        for (const QString &name : qAsConst(names))
+            updateNetworkPaths(QStringLiteral("%1/corvane/%2").arg(WCWhost, name), 1);
+        mountCloud();
+        updateWirelessLog(kconnectionsuccess);
+        emit success();
+    } else {
+        unmountCloud();
+        updateWirelessLog(kconnectionfailure);
+        emit failure();
+    }
+    emit scanfinished();
+}
+
+void NetworkStorage::autoScan()
+{
+    readSettings();
+    if (m_host.isEmpty()) {
+        qInfo() << "No cloud site set; no scan";
+        return;
+    }
+    m_index.reset();
+    performScan(QString());
+}
+
+void NetworkStorage::performScan(const QString &path)
+{
+    if (m_wifiState <= kNoWifiConnection) {
+        qInfo() << "Can't scan without WiFi!";
+        return;
+    }
+    if (m_wincanweb) {
+        updateWirelessLog(kconnectionstart);
+        m_wcw->loadProjects();
+        return;
+    }
+    queueScript(kQuickScan, path.isEmpty() ? QLatin1Char('/') + CloudIndex::kProjectFolder : path);
+    updateWirelessLog(kconnectionstart);
+}
+
+void NetworkStorage::performFullScan(const QString &path)
+{
+    queueScript(kFullScan, path);
+}
+
+void NetworkStorage::queueScript(const QString &script, const QString &path)
+{
+    process->addProcess(kShell, {unitScriptPath(script), m_host, m_username, m_password, path}, kScriptTimeoutMs);
+}
+
+void NetworkStorage::finishedProcess(QString cmd, QString output, QStringList args)
+{
+    if (cmd != kShell)
+        return;
+    const QString script = QFileInfo(args.value(0)).fileName();
+    if (script == kQuickScan) {
+        initPaths(output);
+    } else if (script == kFullScan) {
+        if (m_preparingDownload)
+            prepareDownload(output);
+        else
+            initPaths(output);
+    } else if (script == kMakePath) {
+        processPrepareUpload(output);
+    }
+}
+
+// The listing has one "DIR: <path>" or "FILE: <path>" line for each entry; the
+// site counts as reached when its project folder was listed.
+void NetworkStorage::initPaths(const QString &output)
+{
+    bool found = false;
+    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString &line : lines) {
+        if (!line.startsWith(kDirLine))
+            continue;
+        const QString remote = line.mid(kDirLine.size());
+        const QString below = filterPath(remote, true);
+        if (below.isEmpty()) {
+            found = found || remote.split(QLatin1Char('/')).contains(CloudIndex::kProjectFolder);
+            continue;
+        }
+        found = true;
+        updateNetworkPaths(m_host + remote, below.count(QLatin1Char('/')) + 1);
+    }
+    if (found) {
+        mountCloud();
+        updateWirelessLog(kconnectionsuccess);
+        emit success();
+    } else {
+        unmountCloud();
+        updateWirelessLog(kconnectionfailure);
+        emit failure();
+    }
+    emit scanfinished();
+}
+
+void NetworkStorage::updateNetworkPaths(const QString &path, int depth)
+{
+    m_index.add(path, depth);
+}
+
+void NetworkStorage::mountCloud()
+{
+    StorageBase *table = StorageBase::instance();
+    if (table->getPath(serverSlot()) == serverRoot()) {
+        emit table->storage_updated();
+        return;
+    }
+    table->handle_mount(m_wincanweb ? kWinCanWebName : kCloudName, serverRoot());
+}
+
+void NetworkStorage::unmountCloud()
+{
+    StorageBase *table = StorageBase::instance();
+    if (!table->getPath(serverSlot()).isEmpty())
+        table->handle_unmount(table->getPath(serverSlot()));
+}
+
+// "host:port/corvane/Site" -> "/corvane/Site"
+QString NetworkStorage::remoteFolder(const QString &cloudPath) const
+{
+    const int slash = cloudPath.indexOf(QLatin1Char('/'));
+    return slash < 0 ? QStringLiteral("/") : cloudPath.mid(slash);
+}
+
+QList<NetworkStorage::CopyEntry> NetworkStorage::parseListing(const QString &output, const QString &below)
+{
+    QList<CopyEntry> entries;
+    const QString prefix = below + QLatin1Char('/');
+    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString &line : lines) {
+        const bool isDir = line.startsWith(kDirLine);
+        if (!isDir && !line.startsWith(kFileLine))
+            continue;
+        const QString path = line.mid(isDir ? kDirLine.size() : kFileLine.size());
+        if (!path.startsWith(prefix))
+            continue;
+        const QString relative = path.mid(prefix.size());
+        // A name of dots would step out of the copy's folder.
+        if (relative.split(QLatin1Char('/')).contains(QStringLiteral("..")))
+            continue;
+        entries << CopyEntry{relative, isDir};
+    }
+    return entries;
+}
+
+void NetworkStorage::downloadFiles(QString source, QString destination)
+{
+    requestcancel = false;
+    if (m_wincanweb) {
+        qWarning() << "Download not yet implemented";
+        emit copyAborted(-3);
+        return;
+    }
+    m_ftp->setCredentials(m_username, m_password);
+    m_ftp->clearFiles();
+    if (!m_index.isRead()) {
+        qWarning() << "paths list doesn't exist";
+        emit copyAborted(-1);
+        return;
+    }
+    src = source;
+    dest = destination;
+    copyIndex = -1;
+    copyPaths.clear();
+    m_uploadDirs.clear();
+    m_copying = true;
+    preparePaths();
+    emit copyStarted();
+}
+
+void NetworkStorage::preparePaths()
+{
+    m_preparingDownload = true;
+    performFullScan(remoteFolder(src));
+}
+
+void NetworkStorage::prepareDownload(const QString &output)
+{
+    m_preparingDownload = false;
+    copyPaths = parseListing(output, remoteFolder(src));
+    if (copyPaths.isEmpty() || !QDir().mkpath(dest)) {
+        qWarning().noquote() << "Nothing to download from" << src << "into" << dest;
+        copyQuit();
+        return;
+    }
+    for (copyIndex = 0; copyIndex < copyPaths.size(); ++copyIndex) {
+        const CopyEntry &entry = copyPaths.at(copyIndex);
+        const QString local = dest + QLatin1Char('/') + entry.relative;
+        if (!entry.isDir) {
+            m_ftp->addFile(entry.relative);
+            continue;
+        }
+        if (QFileInfo(local).isDir())
+            continue;
+        if (!QDir().mkpath(local)) {
+            qWarning().noquote() << "Failed to create path: " + local;
+            copyQuit();
+            return;
+        }
+    }
+    processDownloadFiles();
+}
+
+void NetworkStorage::processDownloadFiles()
+{
+    if (requestcancel) {
+        copyQuit();
+        return;
+    }
+    updateWirelessLog(kcopystart);
+    m_ftp->startDownload(src, dest);
+}
+
+void NetworkStorage::uploadFiles(QString source, QString destination)
+{
+    requestcancel = false;
+    src = source;
+    dest = destination;
+    if (m_wincanweb) {
+        m_uploadDirs.clear();
+        m_copying = true;
+        emit copyStarted();
+        if (m_wcw->upload(source) < 0) {
+            m_copying = false;
+            emit copyAborted(-2);
+        }
+        return;
+    }
+    m_ftp->setCredentials(m_username, m_password);
+    m_ftp->clearFiles();
+    m_copying = true;
+    findPaths(source);
+    directoriesMade = 0;
+    directoriesAttempted = 0;
+    directoriesToBeMade = m_uploadDirs.size();
+    emit copyStarted();
+    prepareUpload();
+}
+
+void NetworkStorage::findPaths(const QString &source)
+{
+    m_uploadDirs = QStringList{remoteFolder(dest)};
+    QDirIterator it(source, QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot | QDir::Hidden,
+                    QDirIterator::Subdirectories);
+    const QString prefix = source + QLatin1Char('/');
+    while (it.hasNext()) {
+        const QString path = it.next();
+        const QString relative = path.mid(prefix.size());
+        if (it.fileInfo().isDir())
+            m_uploadDirs << remoteFolder(dest) + QLatin1Char('/') + relative;
+        else
+            m_ftp->addFile(relative);
+    }
+    // A folder comes before what it holds.
+    std::sort(m_uploadDirs.begin(), m_uploadDirs.end());
+}
+
+// Folders are made one at a time: the script queue keeps only ten waiting entries.
+void NetworkStorage::prepareUpload()
+{
+    if (requestcancel) {
+        copyQuit();
+        return;
+    }
+    const QString next = m_uploadDirs.value(directoriesAttempted);
+    queueScript(kMakePath, next);
+}
+
+void NetworkStorage::processPrepareUpload(const QString &output)
+{
+    if (!m_copying)
+        return;
+    const QString path = m_uploadDirs.value(directoriesAttempted);
+    directoriesAttempted = directoriesAttempted + 1;
+    if (output.contains(kMakePathFailed) || output.trimmed().isEmpty()) {
+        qWarning().noquote() << "Failed to create path: " + path;
+        qWarning() << "Failed to make Directory.";
+        copyQuit();
+        return;
+    }
+    directoriesMade = directoriesMade + 1;
+    if (directoriesAttempted < directoriesToBeMade) {
+        prepareUpload();
+        return;
+    }
+    processUploadFiles();
+}
+
+void NetworkStorage::processUploadFiles()
+{
+    if (requestcancel) {
+        copyQuit();
+        return;
+    }
+    updateWirelessLog(kcopystart);
+    m_ftp->startUpload(src, dest);
+}
+
+// What was uploaded is on the site now: the browser lists it without a new scan.
+void NetworkStorage::indexUploaded()
+{
+    if (!m_index.isRead() && QFile::exists(CloudIndex::fileName()))
+        m_index.read();
+    for (const QString &folder : qAsConst(m_uploadDirs)) {
+        const QString below = filterPath(folder, true);
+        if (below.isEmpty() || below.count(QLatin1Char('/')) > 1 || m_index.paths().contains(below))
+            continue;
+        updateNetworkPaths(m_host + folder, below.count(QLatin1Char('/')) + 1);
+    }
+}
+
+void NetworkStorage::copyFinished()
+{
+    if (!m_copying)
+        return;
+    m_copying = false;
+    if (!m_uploadDirs.isEmpty() && isCloudPath(dest))
+        indexUploaded();
+    m_uploadDirs.clear();
+    updateWirelessLog(kcopysuccess);
+    emit copyDone(kCopyDoneCode, QProcess::NormalExit);
+}
+
+void NetworkStorage::copyQuit()
+{
+    if (!m_copying)
+        return;
+    m_copying = false;
+    m_preparingDownload = false;
+    m_uploadDirs.clear();
+    updateWirelessLog(kcopyfailure);
+    emit copyAborted(-1);
+}
+
+void NetworkStorage::cancelCopy()
+{
+    requestcancel = true;
+    updateWirelessLog(kcopycancel);
+    if (m_wincanweb)
+        m_wcw->cancelCopy();
+    else
+        m_ftp->cancelCopy();
+}
+
+void NetworkStorage::updateWirelessLog(CloudState state)
+{
+    WirelessLog::append(state, m_host, m_username, m_wifiState);
+}
