@@ -18,7 +18,7 @@
 
 namespace {
 const char *const kTabTitles[Settings::kTabCount] = {
-    QT_TRANSLATE_NOOP("Settings", "Coiler"), QT_TRANSLATE_NOOP("Settings", "Text and Graphics"), QT_TRANSLATE_NOOP("Settings", "General"),
+    QT_TRANSLATE_NOOP("Settings", "Coiler"), QT_TRANSLATE_NOOP("Settings", "Overlay"), QT_TRANSLATE_NOOP("Settings", "General"),
     QT_TRANSLATE_NOOP("Settings", "Clock"),             QT_TRANSLATE_NOOP("Settings", "WinCan"),            QT_TRANSLATE_NOOP("Settings", "Status"),
     QT_TRANSLATE_NOOP("Settings", "Wi-Fi"),             QT_TRANSLATE_NOOP("Settings", "Cloud"),             QT_TRANSLATE_NOOP("Settings", "Service"),
 };
