@@ -22,17 +22,19 @@ public:
     // True once the export file is written; false if it could not be opened.
     virtual bool startExport() = 0;
 
+    // Shared with the WRC export, which names and reads a project the same way.
+    // A name made safe for the file system: anything but a Latin-1 letter or digit
+    // of the ASCII range becomes "_".
+    static QString fileSafeName(const QString &name);
+    // A settings value as the text the operator typed.
+    static QString settingText(const QSettings &settings, const QString &key);
+
 protected:
     // The project's section directories, oldest modification first: the job order.
     QStringList directoryList() const;
 
     // The last component of a section directory, as the export files name it.
     static QString sectionName(const QString &sectionDir);
-    // A name made safe for the file system: anything but a Latin-1 letter or digit
-    // of the ASCII range becomes "_".
-    static QString fileSafeName(const QString &name);
-    // A settings value as the text the operator typed.
-    static QString settingText(const QSettings &settings, const QString &key);
     // Tells the unit to drop caches the export filled; not waited for.
     static void clearCache();
 

@@ -4,6 +4,7 @@
 #include "core/uikeys.h"
 #include "core/unitpaths.h"
 #include "reports/corvaneexport.h"
+#include "reports/wrcexport.h"
 #include "survey/surveydata.h"
 #include "video/camera.h"
 #include "video/capture/videolibrary.h"
@@ -203,6 +204,7 @@ void Video::handleVideoRecordingComplete()
     case SurveyManager::kSurveyType_CORVANE:
         // Kept current after every recording, not only when the project is finalised.
         CorvaneExport(directory, QString()).startExport();
+        WRCExport::exportIfWanted(directory);
         break;
     default:
         break;

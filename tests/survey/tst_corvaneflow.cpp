@@ -4,6 +4,7 @@
 // the slot each menu or entry answers to, as the dialogs do.
 #include "surveyrig.h"
 
+#include "reports/exportpdf.h"
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/corvane/corvanedata.h"
 #include "survey/corvane/corvanequestions.h"
@@ -62,6 +63,7 @@ private slots:
 
     void reopenedProjectRestoresItsFields();
     void secondSectionAndFinalisedReport();
+    void wrcProjectFinalisedGivesItsWrcFile();
 
 private:
     void newProject(const QString &siteName);
@@ -402,6 +404,48 @@ void TestCorvaneFlow::secondSectionAndFinalisedReport()
     QVERIFY2(text.contains(QStringLiteral("Job 2\r\nSection Video = section_2\\video.mp4\r\nStart = MH1")),
              qPrintable(text));
     QVERIFY2(text.contains(QStringLiteral("End = MH3")), qPrintable(text));
+}
+
+// The WRC section form and questions leave the section files as written here;
+// "Finalise Report" then makes the WRC file beside the text export.
+void TestCorvaneFlow::wrcProjectFinalisedGivesItsWrcFile()
+{
+    const auto reportRunning = [this] { return m_ostra->findChild<exportPDF *>() != nullptr; };
+    QTRY_VERIFY_WITH_TIMEOUT(!reportRunning(), 30000);
+    ConsoleSettings().setValue(QStringLiteral("Language/code"), QStringLiteral("en-GB"));
+    m_ostra->button_push();
+    m_ostra->menuSelected(1);
+    m_ostra->menuWRC(2);
+    m_data.set(QStringLiteral("SiteName"), QStringLiteral("Mill Lane"));
+    m_data.set(QStringLiteral("TownName"), QStringLiteral("Leeds"));
+    m_ostra->setProjectPath();
+    const QString project = projectDir(QStringLiteral("mill_lane.sur"));
+    QVERIFY(QFile::exists(project + QStringLiteral(".project.sdb")));
+    QVERIFY(QDir().mkpath(project + QStringLiteral("section_1")));
+    QSettings section(project + QStringLiteral("section_1/.section.sdb"), QSettings::IniFormat);
+    section.setValue(QStringLiteral("Section/Start"), QStringLiteral("MH1"));
+    section.setValue(QStringLiteral("Section/Duty"), QStringLiteral("Foul (F)"));
+    section.sync();
+    QFile observations(project + QStringLiteral("section_1/.observations.sdb"));
+    QVERIFY(observations.open(QIODevice::WriteOnly));
+    observations.write("4.1m, CODE, CC, (@65000)\r\n4.1m, CLKT, 12, (@65000)\r\n4.1m, END, , (@65000)\r\n");
+    observations.close();
+
+    m_ostra->menuDeselected(3);
+    QCOMPARE(lastShown(m_rig.screen), QStringLiteral("showMessage Note:|Generating ostra Report"));
+    QFile wrc(project + QStringLiteral("Mill_Lane.xml"));
+    QTRY_VERIFY_WITH_TIMEOUT(wrc.exists(), 5000);
+    QVERIFY(QFile::exists(project + QStringLiteral("mill_lane.txt")));
+    QVERIFY(wrc.open(QIODevice::ReadOnly));
+    const QString xml = QString::fromUtf8(wrc.readAll());
+    for (const QString &element :
+         {QStringLiteral("<LocationTown>Leeds</LocationTown>"), QStringLiteral("<StartNodeRef>MH1</StartNodeRef>"),
+          QStringLiteral("<UseOfDrainSewer>F</UseOfDrainSewer>"), QStringLiteral("<Code>CC</Code>")})
+        QVERIFY2(xml.contains(element), qPrintable(element + QStringLiteral(" missing in ") + xml));
+    QVERIFY(!xml.contains(QStringLiteral("ClockRefTo")));
+    // The next test finds no report still being made.
+    QTRY_VERIFY_WITH_TIMEOUT(!reportRunning(), 30000);
+    ConsoleSettings().setValue(QStringLiteral("OSTRA/wrc en"), false);
 }
 
 QTEST_MAIN(TestCorvaneFlow)

@@ -6,6 +6,7 @@
 #include "core/singleton.h"
 #include "reports/corvaneexport.h"
 #include "reports/exportpdf.h"
+#include "reports/wrcexport.h"
 #include "storage/externalstorage.h"
 #include "survey/corvane/corvanequestions.h"
 #include "survey/corvane/corvanesurveyfiles.h"
@@ -513,8 +514,7 @@ void CorvaneController::exportProject()
         return;
     }
     CorvaneExport(m_prj_directory, QString()).startExport();
-    if (CorvaneExport::wrcFieldsWanted())
-        qInfo() << "WRC export not available in this build: no WRC file for" << m_prj_directory;
+    WRCExport::exportIfWanted(m_prj_directory);
     PDF = new exportPDF(this);
     connect(PDF, &exportPDF::pdfresizeFinishedOstra, this, &CorvaneController::finishResize);
     connect(PDF, &exportPDF::progress, this, &CorvaneController::showReportProgress);
