@@ -1,12 +1,13 @@
 #include "app/controller.h"
 
 #include "app/coilerdistance.h"
-#include "app/iclock.h"
+#include "settings/iclock.h"
 #include "app/imainwindow.h"
 #include "app/isplashscreen.h"
 #include "app/screenshot.h"
 #include "app/screenstack.h"
 #include "app/serviceabsent.h"
+#include "connectivity/wifi.h"
 #include "core/consolesettings.h"
 #include "core/processcontroller.h"
 #include "core/singleton.h"
@@ -84,7 +85,7 @@ Controller::Controller(IMainWindow *window, QObject *parent)
     logSystemVersion();
     connect(SurveyManager::instance(), &SurveyManager::updateCounter, this, &Controller::setCounterText);
 
-    logServiceAbsent("Wi-Fi");
+    initWifi();
     audio *headset = audio::instance(this);
     connect(headset, &audio::detectStarted, SurveyManager::instance(), &SurveyManager::headsetDetectStarted);
     connect(headset, &audio::finished, SurveyManager::instance(), &SurveyManager::headsetDetectFinished);
@@ -182,6 +183,14 @@ void Controller::init_clock()
     if (IClock *clockScreen = m_window->clockScreen())
         clockScreen->setControl(m_clock);
     connect(m_clock, &ClockControl::timeDateSet, this, &Controller::newTimeDate);
+}
+
+void Controller::initWifi()
+{
+    Wifi *wifi = Wifi::instance(this);
+    connect(wifi, SIGNAL(updateWifiState(int)), m_window->widget(), SLOT(updateWifiIcon(int)));
+    connect(wifi, SIGNAL(wiredChanged(bool)), m_window->widget(), SLOT(setTethered(bool)));
+    wifi->init();
 }
 
 void Controller::init_micro()
@@ -543,7 +552,12 @@ void Controller::systemShutdown()
     qInfo() << "Shutdown Requested";
     // The recording is closed before the power goes, so its file is complete.
     SurveyManager::instance()->handleAction(SurveyManager::kActionStop, 0);
-    logServiceAbsent("Wi-Fi");
+    Wifi *wifi = Wifi::instance();
+    if (wifi->ssid() != QLatin1String("off")) {
+        wifi->setShutdown();
+        connect(this, &Controller::shutdownWiFi, wifi, &Wifi::wifi_disconnect_forget, Qt::UniqueConnection);
+        emit shutdownWiFi();
+    }
     m_micro->setBuzzer(false);
     QTimer::singleShot(kShutdownDelayMs, this, &Controller::shutdown);
     emit shutdownMessage();

@@ -165,6 +165,7 @@ private:
     void connectSurveyScreens();
     void logSystemVersion();
     void init_clock();
+    void initWifi();
     void init_micro();
     void initialise_shortcuts();
     QShortcut *addShortcut(const QKeySequence &keys, const char *slot);

@@ -1,5 +1,6 @@
 #include "app/cleanexit.h"
 #include "core/consolesettings.h"
+#include "core/consoletranslator.h"
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "core/messagehandler.h"
@@ -20,7 +21,6 @@
 #include <QProcess>
 #include <QScreen>
 #include <QSplashScreen>
-#include <QTranslator>
 #include <ctime>
 #include <cstdio>
 #include <unistd.h>
@@ -126,9 +126,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationDomain(QStringLiteral("harbinger-instruments.co.uk"));
     logIdentity();
 
-    QTranslator translator;
-    translator.load(language, unitPath(QStringLiteral("/opt/hbi/languages/") + language), QString(), QString());
-    app.installTranslator(&translator);
+    ConsoleTranslator::install(language);
 
     if (singleInstance() != 0) {
         perror("Could not instantiate");

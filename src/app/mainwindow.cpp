@@ -3,6 +3,7 @@
 
 #include "app/browser/report.h"
 #include "app/controller.h"
+#include "app/helpscreen.h"
 #include "core/backgroundprocess.h"
 #include "survey/ivideoscreen.h"
 #include "app/login.h"
@@ -21,6 +22,8 @@
 #include "survey/forms/wrcsiteinfo.h"
 #include "survey/surveymanager.h"
 #include "video/video.h"
+#include "widgets/indicators.h"
+#include "widgets/wifiindicator.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -122,7 +125,8 @@ void MainWindow::buildPages()
     m_settings = new Settings(m_stack);
     addPage(m_settings);
     m_diagnostics = addPlaceholderPage(QStringLiteral("Diagnostics"));
-    m_help = addPlaceholderPage(QStringLiteral("Help Screen"));
+    m_help = new HelpScreen(m_stack);
+    addPage(m_help);
     m_siteInfo = addPage(titled(new SiteInfo(m_stack), QStringLiteral("Site Info Screen")));
     m_runInfo = addPage(titled(new RunInfo(m_stack), QStringLiteral("Run Info Screen")));
     m_wcProjectInfo = addPlaceholderPage(QStringLiteral("WinCan Project Info Screen"));
@@ -140,6 +144,11 @@ void MainWindow::setController(Controller *controller)
     m_login->setController(controller);
     VideoScreenWiring::connect(controller, m_video);
     m_report->setController(controller);
+    connect(controller, &Controller::setActiveScreen, m_settings, &Settings::setActiveScreen);
+    connect(m_settings, &Settings::settingChanged, controller, [controller](const QString &key, const QString &value) {
+        if (key == QLatin1String("Backlight/Level"))
+            controller->setNewBacklight(value.toInt() * 255 / 100);
+    });
     connectFormsTo(controller);
 }
 
@@ -188,7 +197,7 @@ ISplashScreen *MainWindow::splashScreen() { return m_splash; }
 ILoginScreen *MainWindow::loginScreen() { return m_login; }
 IReportScreen *MainWindow::reportScreen() { return m_report; }
 IVideoScreen *MainWindow::videoScreen() { return dynamic_cast<IVideoScreen *>(m_video); }
-IHelpScreen *MainWindow::helpScreen() { return nullptr; }
+IHelpScreen *MainWindow::helpScreen() { return m_help; }
 IStatus *MainWindow::statusScreen() { return m_settings->statusScreen(); }
 IClock *MainWindow::clockScreen() { return m_settings->clockScreen(); }
 
@@ -517,6 +526,16 @@ void MainWindow::finishSend(int kind)
 void MainWindow::handleComment(QKeyEvent &event)
 {
     keyReleaseEvent(&event);
+}
+
+void MainWindow::updateWifiIcon(int state)
+{
+    m_video->indicators()->wifi()->updateWifiIcon(state);
+}
+
+void MainWindow::setTethered(bool tethered)
+{
+    m_video->indicators()->wifi()->setTethered(tethered);
 }
 
 void MainWindow::updateOstraIcon(int state)

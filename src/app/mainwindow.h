@@ -9,6 +9,7 @@
 
 class Controller;
 class external_control;
+class HelpScreen;
 class PipeScreen;
 class Report;
 class Splash;
@@ -45,6 +46,8 @@ public slots:
     void handleExternalControl(QString command);
     void handleComment(QKeyEvent &event);
     void updateOstraIcon(int state);
+    void updateWifiIcon(int state);
+    void setTethered(bool tethered);
     void mapTransferBox(bool ok);
     void openOstraMenu(int answer);
     void stopRecord();
@@ -100,7 +103,7 @@ private:
     Report *m_report = nullptr;
     Settings *m_settings = nullptr;
     PipeScreen *m_diagnostics = nullptr;
-    PipeScreen *m_help = nullptr;
+    HelpScreen *m_help = nullptr;
     PipeScreen *m_siteInfo = nullptr;
     PipeScreen *m_runInfo = nullptr;
     PipeScreen *m_wcProjectInfo = nullptr;

@@ -109,6 +109,8 @@ private slots:
     {
         ConsoleSettings().setValue("Language/code", "en-US");
         ConsoleSettings().setValue("Help/FirstPage", "/opt/hbi/languages/en-GB/help/index.html");
+        // A language without help pages falls back to the British ones.
+        QVERIFY(QFile::remove(m_unit->path("/opt/hbi/languages/en-US/help/index.html")));
         startOnVideoScreen();
         m_controller->selectHelpScreen();
         QCOMPARE(ConsoleSettings().value("Help/FirstPage").toString(),

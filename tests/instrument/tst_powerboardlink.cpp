@@ -2,6 +2,7 @@
 // says reaches the video screen's indicators and the status screen, and the
 // board's shutdown request ends the session.
 #include "app/controller.h"
+#include "connectivity/wifi.h"
 #include "settings/istatus.h"
 #include "support/fakemainwindow.h"
 #include "support/fakevideoscreen.h"
@@ -158,6 +159,8 @@ private slots:
 
     void shutdownRequestWarnsThenRunsTheScript()
     {
+        // Joined to a network: the unit leaves it and forgets it on the way down.
+        Wifi::instance()->processInfo("wlan0  ESSID:\"Depot Office\"\n  Link Quality=60/70\n  inet 192.168.1.23");
         QSignalSpy warned(m_controller, &Controller::shutdownMessage);
         const QString done = m_unit.path("/var/hbi/shutdown-requested");
         tellBoard("shutdown");
@@ -167,6 +170,8 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(done), 15000);
         QVERIFY(m_unit.kitLog().filter("shutdown requested").size() == 1);
         QVERIFY(boardLog().contains("rx BUZ:OUT 0"));
+        QVERIFY(Wifi::instance()->isShutdown());
+        QTRY_COMPARE(m_unit.kitLog().filter("disconnect and forget").size(), 1);
     }
 
     void cleanupTestCase()

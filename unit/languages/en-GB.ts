@@ -338,6 +338,17 @@
     </message>
 </context>
 <context>
+    <name>HelpScreen</name>
+    <message>
+        <source>&lt;h2&gt;Help&lt;/h2&gt;&lt;p&gt;The help pages are missing from this unit.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Up/Down: scroll   Tab: next link   OK: open link   ESC: leave</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Indicators</name>
     <message>
         <source>PAGE %1</source>
@@ -623,13 +634,425 @@
     </message>
 </context>
 <context>
+    <name>ServiceActions</name>
+    <message>
+        <source>No USB stick found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write to the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Some logs could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 logs saved to the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write the settings to the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings saved to the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No settings file on the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file on the USB stick cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No settings found in the file on the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 settings loaded from the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No software update on the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update is damaged and was not installed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update could not be installed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Software %1 installed. Restart the unit to use it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No logo picture on the USB stick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The logo is larger than the screen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not store the logo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logo updated</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ServiceConsole</name>
+    <message>
+        <source>Save logs to USB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save settings to USB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Load settings from USB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Software update from USB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logo update from USB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Service console. Up/Down: choose   OK: run   L: lock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Service console locked. Press OK to enter the service code.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Service Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter the service code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wrong service code</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Settings</name>
     <message>
         <source>Coiler and Camera</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Text and Graphics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WinCan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wi-Fi</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Service</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SettingsClock</name>
+    <message>
+        <source>Please enter the date as dd/mm/yyyy and the time as hh:mm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The clock cannot be set now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clock set to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set Clock</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SettingsForm</name>
+    <message>
+        <source>Clock display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>24 hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>12 hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date (dd/mm/yyyy)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time (hh:mm, 24 hour)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Black on white</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dark blue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>White on black</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Distance units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Metres</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Feet and inches</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture brightness</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture contrast</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture hue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show distance</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Distance size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Distance colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Header seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End header</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End header line 1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End header line 2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End header line 3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End header line 4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>English (UK)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>English (US)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Backlight %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blank on tilt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>External display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WRC surveys</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Specification</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MSCC 4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MSCC 3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MSCC 5</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>MSCC 5 Domestic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stamp codes on the video</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serviceability</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flowing fine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Evidence of leakage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stormwater flooding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Root growth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Leakage test failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unserviceable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not stated</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1186,6 +1609,49 @@
     <name>menuDialog</name>
     <message>
         <source>Up/Down: choose   OK: select   ESC: back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>settingsnetwork</name>
+    <message>
+        <source>Wi-Fi Networks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK: join the network   R: scan again   D: disconnect   PgUp/PgDn: other tabs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connecting to %1...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Wi-Fi adapter found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected to %1 (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Password:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Network Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please Try Again</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
