@@ -420,7 +420,13 @@ void TestAppLink::receivedNamesStayInTheSurveyFolder()
     appDo(QStringLiteral("send ") + announcement);
     waitForReceived(QStringLiteral("Transfer true"));
     appDo(QStringLiteral("raw aGVsbG8="));
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(m_link->dumpFilePath()).size() > 0, kWaitMs);
+    // Wait for these very bytes: a heartbeat arriving first must not end the block early
+    // and leave the data to be read as the next command.
+    const auto dumpHoldsData = [this] {
+        QFile dump(m_link->dumpFilePath());
+        return dump.open(QIODevice::ReadOnly) && dump.readAll().contains("aGVsbG8=");
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(dumpHoldsData(), kWaitMs);
     m_link->modeReset();
     QCOMPARE(m_link->mode(), external_control::kNormal);
     QCOMPARE(device.entryList(QDir::AllEntries | QDir::NoDotAndDotDot), before);
