@@ -98,9 +98,18 @@ void TestCamera::snapshotIsTheScreenPicture()
     const QImage picture(path);
     QCOMPARE(picture.size(), QSize(720, 576));
     QVERIFY(picture.hasAlphaChannel());
-    // Lit walls round the edge, the far end of the pipe dark in the middle.
-    QVERIFY(qGray(picture.pixel(20, 20)) > 120);
-    QVERIFY(qGray(picture.pixel(360, 290)) < 40);
+    // Lit walls round the edge, the far end of the pipe dark in the middle. Whole regions
+    // are compared, since joints and sway move through any one pixel as the picture runs.
+    const auto meanGray = [&picture](const QRect &region) {
+        qint64 sum = 0;
+        for (int y = region.top(); y <= region.bottom(); ++y)
+            for (int x = region.left(); x <= region.right(); ++x)
+                sum += qGray(picture.pixel(x, y));
+        return sum / (region.width() * region.height());
+    };
+    const qint64 wall = meanGray(QRect(0, 0, 720, 48));
+    const qint64 farEnd = meanGray(QRect(340, 268, 40, 40));
+    QVERIFY2(wall > farEnd + 40, qPrintable(QStringLiteral("wall %1, far end %2").arg(wall).arg(farEnd)));
 
     // A snapshot is the frame of its moment: a later one differs.
     const QString later = m_unit.path(QStringLiteral("/media/later.png"));
