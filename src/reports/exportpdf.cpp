@@ -29,11 +29,6 @@ const QString kConverter = QStringLiteral("wkhtmltopdf");
 constexpr int kLogoWidth = 863;
 constexpr int kLogoHeight = 226;
 
-QString unitFile(const QString &path)
-{
-    return unitPath(path);
-}
-
 void removeIfPresent(const QString &path)
 {
     if (QFile::exists(path) && !QFile::remove(path))
@@ -85,13 +80,13 @@ exportPDF::~exportPDF()
     }
 }
 
-QString exportPDF::workingCopyPath() { return unitFile(QStringLiteral("/opt/hbi/bin/PDF.txt")); }
-QString exportPDF::filledPath() { return unitFile(QStringLiteral("/opt/hbi/bin/PDFtemp.txt")); }
-QString exportPDF::htmlPath() { return unitFile(QStringLiteral("/opt/hbi/bin/PDF.html")); }
+QString exportPDF::workingCopyPath() { return unitPath(QStringLiteral("/opt/hbi/bin/PDF.txt")); }
+QString exportPDF::filledPath() { return unitPath(QStringLiteral("/opt/hbi/bin/PDFtemp.txt")); }
+QString exportPDF::htmlPath() { return unitPath(QStringLiteral("/opt/hbi/bin/PDF.html")); }
 
 QString exportPDF::languageDir()
 {
-    return unitFile(QStringLiteral("/opt/hbi/languages/") + ConsoleSettings::languageCode() + QStringLiteral("/ostra/"));
+    return unitPath(QStringLiteral("/opt/hbi/languages/") + ConsoleSettings::languageCode() + QStringLiteral("/ostra/"));
 }
 
 int exportPDF::getNoJobs() const
@@ -150,7 +145,7 @@ void exportPDF::startConverter()
     emit progress(tr("Converting report"));
     if (mLargeProject) {
         m_converter->start(QStringLiteral("/bin/sh"),
-                           {unitFile(QStringLiteral("/opt/hbi/reporting/createPDF.sh")), txtPath});
+                           {unitPath(QStringLiteral("/opt/hbi/reporting/createPDF.sh")), txtPath});
     } else {
         m_converter->start(kConverter, {htmlPath(), txtPath});
     }
@@ -256,7 +251,7 @@ void exportPDF::prepareWorkingCopy(const QString &frame)
 
 void exportPDF::refreshStoreBadges()
 {
-    const QStringList folders{unitFile(QStringLiteral("/opt/hbi/reporting/")), unitFile(QStringLiteral("/opt/hbi/bin/"))};
+    const QStringList folders{unitPath(QStringLiteral("/opt/hbi/reporting/")), unitPath(QStringLiteral("/opt/hbi/bin/"))};
     for (const QString &folder : folders) {
         for (const QString &badge : {QStringLiteral("AppStore"), QStringLiteral("PlayStore")}) {
             removeIfPresent(folder + badge + QStringLiteral(".PNG"));
@@ -507,7 +502,7 @@ void exportPDF::fillPhotoSlot(const QStringList &obs, int number)
 
 void exportPDF::fillLogo()
 {
-    const QString logo = unitFile(QStringLiteral("/opt/hbi/logo.png"));
+    const QString logo = unitPath(QStringLiteral("/opt/hbi/logo.png"));
     QString value = kDefaultLogo;
     QPixmap pixmap;
     if (QFile::exists(logo) && pixmap.load(logo)) {
@@ -519,7 +514,7 @@ void exportPDF::fillLogo()
         QPixmap fitted(kLogoWidth, kLogoHeight);
         fitted.fill(Qt::transparent);
         label.render(&fitted, QPoint(), QRegion(), QWidget::DrawChildren);
-        const QString resized = unitFile(QStringLiteral("/opt/hbi/logo_resize.png"));
+        const QString resized = unitPath(QStringLiteral("/opt/hbi/logo_resize.png"));
         removeIfPresent(resized);
         if (fitted.save(resized, "PNG"))
             value = resized;
