@@ -1,0 +1,174 @@
+#!/usr/bin/env bash
+# Power cuts in the middle of an ostra survey, run by hand (not in CI):
+#   bench/powercut.sh [CUTS] [BUILD_DIR]
+# On a fresh simulated unit, build/bench/bench_surveyloop (the real main window and
+# controller, walked by keys) records section after section with a snapshot and a
+# comment every 1.5 s. At CUTS random moments (default 20) the console and the
+# kit's recorder are killed together with SIGKILL, as a power cut would, and the
+# console is started again on the same unit; it opens the project and goes on.
+# At the end one more console opens the project and records a whole section.
+# Then every section on the stick is checked:
+#   - every observation the console had accepted before a cut is in the section's
+#     observation file, and every line of that file is whole;
+#   - every video.mp4 decodes to its end, and the recording that a cut broke holds
+#     all but at most 2 s of what had been recorded when the cut came;
+#   - the project and section files are there and the console opened the project
+#     after each cut.
+# Needs build/bench/bench_surveyloop and the unit kit (cmake --build build --target
+# bench_surveyloop unit_kit). Kills only the processes it started.
+set -euo pipefail
+repo=$(cd "$(dirname "$0")/.." && pwd)
+cuts="${1:-20}"
+build="${2:-$repo/build}"
+driver="$build/bench/bench_surveyloop"
+[ -x "$driver" ] || { echo "powercut: build $driver first" >&2; exit 1; }
+
+run=$(mktemp -d /tmp/powercut.XXXXXX)
+root="$run/root"
+eval "$("$repo/unit/make-root" "$root" "$build")" >/dev/null
+export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$run/xdg"
+mkdir -p -m 0700 "$XDG_RUNTIME_DIR"
+project="$root/media/usb1/corvane/powercut_lane.sur"
+cutlog="$run/cuts.txt"
+: > "$cutlog"
+
+board=""
+console=""
+cleanup() {
+    [ -n "$console" ] && kill -9 "$console" 2>/dev/null || true
+    kill_recorder
+    [ -n "$board" ] && kill "$board" 2>/dev/null || true
+    wait 2>/dev/null || true
+}
+# The kit's recorder of this unit only: its PID file, and the process's own
+# environment naming this unit's root.
+recorder_of_this_unit() {
+    local pid
+    pid=$(cat "$root/run/unitkit/videorecorder.pid" 2>/dev/null) || return 1
+    [ "$(cat "/proc/$pid/comm" 2>/dev/null)" = videorecorder ] || return 1
+    tr '\0' '\n' < "/proc/$pid/environ" 2>/dev/null | grep -qx "DUCTLINE_ROOT=$root" || return 1
+    echo "$pid"
+}
+kill_recorder() {
+    local pid
+    if pid=$(recorder_of_this_unit); then kill -9 "$pid" 2>/dev/null || true; fi
+}
+trap cleanup EXIT INT TERM
+
+"$root/usr/local/bin/powerboard-sim" --root "$root" >"$run/powerboard.log" 2>&1 &
+board=$!
+for _ in $(seq 100); do [ -e "$root/dev/ttyAMA1" ] && break; sleep 0.1; done
+
+now_ms() { date +%s%3N; }
+
+for i in $(seq "$cuts"); do
+    (cd "$run" && exec "$driver" --observations 1000 --every 1500) >"$run/console.$i.out" 2>&1 &
+    console=$!
+    # Wait until the survey is under way (a project open or a section recording),
+    # then cut at a random moment of the next 3 to 25 s: questions, recording,
+    # observations, the end of a section all get their turn.
+    for _ in $(seq 600); do
+        grep -q -E '^BENCH (recording|opened)' "$run/console.$i.out" && break
+        grep -q '^BENCH failed' "$run/console.$i.out" && break
+        sleep 0.1
+    done
+    sleep "$(awk -v r="$RANDOM" 'BEGIN { printf "%.2f", 3 + 22 * r / 32767 }')"
+    recorder=$(recorder_of_this_unit || true)
+    cut=$(now_ms)
+    kill -9 "$console" ${recorder:+"$recorder"} 2>/dev/null || true
+    wait "$console" 2>/dev/null || true
+    console=""
+    echo "$i $cut ${recorder:-none}" >> "$cutlog"
+    echo "cut $i at $cut (recorder ${recorder:-not running}): $(grep '^BENCH' "$run/console.$i.out" | tail -n 1)"
+    for _ in $(seq 50); do [ -z "$recorder" ] || ! kill -0 "$recorder" 2>/dev/null && break; sleep 0.1; done
+done
+
+# After the last cut: the console opens the project once more and records a section.
+(cd "$run" && exec "$driver" --observations 2 --every 1000 --sections 1) >"$run/console.final.out" 2>&1 &
+console=$!
+final=0
+wait "$console" || final=$?
+console=""
+
+echo
+echo "== check: $project"
+fail=0
+problem() { echo "PROBLEM: $*"; fail=$((fail + 1)); }
+
+[ -s "$project/.project.sdb" ] || problem ".project.sdb missing or empty"
+opened=$(cat "$run"/console.*.out | grep -c '^BENCH opened' || true)
+failed=$(cat "$run"/console.*.out | grep '^BENCH failed' || true)
+[ -z "$failed" ] || problem "the operator got stuck: $failed"
+echo "console runs after a cut that opened the project: $opened of $cuts"
+[ "$final" = 0 ] || problem "the console started after the last cut did not record a whole section (exit $final)"
+
+accepted=0 missing=0 inflight=0
+for i in $(seq "$cuts") final; do
+    out="$run/console.$i.out"
+    [ -f "$out" ] || continue
+    last=$(grep '^BENCH observation' "$out" | tail -n 1 | awk '{print $5}')
+    while read -r _ _ _ dir comment; do
+        accepted=$((accepted + 1))
+        if ! grep -q -F ", $comment" "$dir/.observations.sdb" 2>/dev/null; then
+            if [ "$comment" = "$last" ] && [ "$i" != final ]; then
+                inflight=$((inflight + 1))
+            else
+                missing=$((missing + 1))
+                problem "observation $comment accepted but not in $dir/.observations.sdb"
+            fi
+        fi
+    done < <(grep '^BENCH observation' "$out")
+done
+echo "observations accepted: $accepted; missing: $missing; the line in flight at a cut missing: $inflight"
+
+sections=0 broken=0
+for dir in "$project"/section_*; do
+    [ -d "$dir" ] || continue
+    sections=$((sections + 1))
+    for file in .section.sdb .observations.sdb; do
+        [ -f "$dir/$file" ] || problem "$dir/$file missing"
+    done
+    if [ -s "$dir/.observations.sdb" ] && [ -n "$(tail -c 1 "$dir/.observations.sdb")" ]; then
+        problem "$dir/.observations.sdb ends in a broken line"
+    fi
+    if [ -f "$dir/video.mp4" ] && ! timeout 120 gst-launch-1.0 -q filesrc location="$dir/video.mp4" ! qtdemux \
+        ! h264parse ! avdec_h264 ! fakesink >/dev/null 2>&1; then
+        broken=$((broken + 1))
+        problem "$dir/video.mp4 does not decode to its end"
+    fi
+done
+echo "sections on the stick: $sections; videos that do not decode: $broken"
+
+# Video lost at each cut: what had been recorded when the cut came, less what the
+# file holds.
+duration() {
+    gst-discoverer-1.0 "$1" 2>/dev/null | sed -n 's/^Duration: \([0-9]*\):\([0-9]*\):\([0-9.]*\)$/\1 \2 \3/p' \
+        | awk '{ printf "%.3f", $1 * 3600 + $2 * 60 + $3 }'
+}
+echo "video lost at the cuts that came while recording (s):"
+losses=()
+while read -r i cut _; do
+    out="$run/console.$i.out"
+    rec=$(grep '^BENCH recording' "$out" | tail -n 1) || continue
+    [ -n "$rec" ] || continue
+    dir=$(echo "$rec" | awk '{print $4}')
+    grep -q -F "BENCH stopped" <(grep -F " $dir" "$out") && continue
+    started=$(echo "$rec" | awk '{print $3}')
+    have=$(duration "$dir/video.mp4")
+    lost=$(awk -v c="$cut" -v s="$started" -v h="${have:-0}" 'BEGIN { printf "%.2f", (c - s) / 1000 - h }')
+    losses+=("$lost")
+    echo "  cut $i: recorded $(awk -v c="$cut" -v s="$started" 'BEGIN { printf "%.2f", (c - s) / 1000 }') s," \
+         "file holds ${have:-0} s, lost $lost s"
+    awk -v l="$lost" 'BEGIN { exit !(l > 2.0) }' && problem "cut $i lost $lost s of video in $dir"
+done < "$cutlog"
+if [ ${#losses[@]} -gt 0 ]; then
+    printf '%s\n' "${losses[@]}" | sort -n | awk '{ a[NR] = $1 } END { printf "  %d cuts while recording: lost %.2f to %.2f s, median %.2f s\n", NR, a[1], a[NR], a[int((NR + 1) / 2)] }'
+fi
+
+echo "run folder: $run"
+if [ "$fail" -eq 0 ]; then
+    echo "RESULT: pass ($cuts cuts)"
+else
+    echo "RESULT: $fail problems"
+    exit 1
+fi
