@@ -58,6 +58,9 @@ public:
             if (!m_operator.answerMenu(QStringLiteral("Select:"), 2)
                 || !m_operator.answerMenu(QStringLiteral("Select Project To Open:"), 1))
                 return fail(QStringLiteral("could not open the project"));
+            // The opened project offers its menu: a new section.
+            if (!m_operator.answerMenu(QStringLiteral("Select:"), 1))
+                return fail(QStringLiteral("no new section in the opened project"));
             printf("BENCH opened %lld %s %d\n", QDateTime::currentMSecsSinceEpoch(), qPrintable(projectPath()),
                    int(sections().size()));
             fflush(stdout);

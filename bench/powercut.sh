@@ -60,6 +60,14 @@ board=$!
 for _ in $(seq 100); do [ -e "$root/dev/ttyAMA1" ] && break; sleep 0.1; done
 
 now_ms() { date +%s%3N; }
+# When a process started, in ms since the epoch: its start in clock ticks after boot.
+started_ms() {
+    local ticks hz boot
+    ticks=$(awk '{ sub(/^.*\) /, ""); print $20 }' "/proc/$1/stat" 2>/dev/null) || return 1
+    hz=$(getconf CLK_TCK)
+    boot=$(awk '/^btime/ { print $2 }' /proc/stat)
+    echo $((boot * 1000 + ticks * 1000 / hz))
+}
 
 for i in $(seq "$cuts"); do
     (cd "$run" && exec "$driver" --observations 1000 --every 1500) >"$run/console.$i.out" 2>&1 &
@@ -74,11 +82,16 @@ for i in $(seq "$cuts"); do
     done
     sleep "$(awk -v r="$RANDOM" 'BEGIN { printf "%.2f", 3 + 22 * r / 32767 }')"
     recorder=$(recorder_of_this_unit || true)
+    began=none file=none
+    if [ -n "$recorder" ]; then
+        began=$(started_ms "$recorder" || echo none)
+        file=$(tr '\0' '\n' < "/proc/$recorder/cmdline" | tail -n 1)
+    fi
     cut=$(now_ms)
     kill -9 "$console" ${recorder:+"$recorder"} 2>/dev/null || true
     wait "$console" 2>/dev/null || true
     console=""
-    echo "$i $cut ${recorder:-none}" >> "$cutlog"
+    echo "$i $cut ${recorder:-none} $began $file" >> "$cutlog"
     echo "cut $i at $cut (recorder ${recorder:-not running}): $(grep '^BENCH' "$run/console.$i.out" | tail -n 1)"
     for _ in $(seq 50); do [ -z "$recorder" ] || ! kill -0 "$recorder" 2>/dev/null && break; sleep 0.1; done
 done
@@ -86,8 +99,13 @@ done
 # After the last cut: the console opens the project once more and records a section.
 (cd "$run" && exec "$driver" --observations 2 --every 1000 --sections 1) >"$run/console.final.out" 2>&1 &
 console=$!
-final=0
-wait "$console" || final=$?
+for _ in $(seq 1200); do
+    grep -q -E '^BENCH (section|failed)' "$run/console.final.out" && break
+    kill -0 "$console" 2>/dev/null || break
+    sleep 0.1
+done
+kill -9 "$console" 2>/dev/null || true
+wait "$console" 2>/dev/null || true
 console=""
 
 echo
@@ -100,13 +118,14 @@ opened=$(cat "$run"/console.*.out | grep -c '^BENCH opened' || true)
 failed=$(cat "$run"/console.*.out | grep '^BENCH failed' || true)
 [ -z "$failed" ] || problem "the operator got stuck: $failed"
 echo "console runs after a cut that opened the project: $opened of $cuts"
-[ "$final" = 0 ] || problem "the console started after the last cut did not record a whole section (exit $final)"
+grep -q '^BENCH section' "$run/console.final.out" \
+    || problem "the console started after the last cut did not record a whole section"
 
 accepted=0 missing=0 inflight=0
 for i in $(seq "$cuts") final; do
     out="$run/console.$i.out"
     [ -f "$out" ] || continue
-    last=$(grep '^BENCH observation' "$out" | tail -n 1 | awk '{print $5}')
+    last=$(grep '^BENCH observation' "$out" | tail -n 1 | awk '{print $5}' || true)
     while read -r _ _ _ dir comment; do
         accepted=$((accepted + 1))
         if ! grep -q -F ", $comment" "$dir/.observations.sdb" 2>/dev/null; then
@@ -139,22 +158,21 @@ for dir in "$project"/section_*; do
 done
 echo "sections on the stick: $sections; videos that do not decode: $broken"
 
-# Video lost at each cut: what had been recorded when the cut came, less what the
-# file holds.
+# Video lost at each cut: how long the recorder had run when the cut came (from its
+# process's start, so its own start-up counts as lost), less what the file holds.
 duration() {
-    gst-discoverer-1.0 "$1" 2>/dev/null | sed -n 's/^Duration: \([0-9]*\):\([0-9]*\):\([0-9.]*\)$/\1 \2 \3/p' \
-        | awk '{ printf "%.3f", $1 * 3600 + $2 * 60 + $3 }'
+    gst-discoverer-1.0 "$1" 2>/dev/null | sed -n 's/^ *Duration: \([0-9]*\):\([0-9]*\):\([0-9.]*\)$/\1 \2 \3/p' \
+        | awk '{ printf "%.3f", $1 * 3600 + $2 * 60 + $3 }' || true
 }
 echo "video lost at the cuts that came while recording (s):"
 losses=()
-while read -r i cut _; do
+while read -r i cut _ started file; do
     out="$run/console.$i.out"
-    rec=$(grep '^BENCH recording' "$out" | tail -n 1) || continue
-    [ -n "$rec" ] || continue
-    dir=$(echo "$rec" | awk '{print $4}')
+    [ "$started" != none ] || continue
+    dir=$(dirname "$file")
+    # A recording already stopped and being finished is not a cut recording.
     grep -q -F "BENCH stopped" <(grep -F " $dir" "$out") && continue
-    started=$(echo "$rec" | awk '{print $3}')
-    have=$(duration "$dir/video.mp4")
+    have=$(duration "$file")
     lost=$(awk -v c="$cut" -v s="$started" -v h="${have:-0}" 'BEGIN { printf "%.2f", (c - s) / 1000 - h }')
     losses+=("$lost")
     echo "  cut $i: recorded $(awk -v c="$cut" -v s="$started" 'BEGIN { printf "%.2f", (c - s) / 1000 }') s," \
