@@ -3,7 +3,7 @@
 #   bench/powercut.sh [CUTS] [BUILD_DIR]
 # On a fresh simulated unit, build/bench/bench_surveyloop (the real main window and
 # controller, walked by keys) records section after section with a snapshot and a
-# comment every 1.5 s. At CUTS random moments (default 20) the console and the
+# comment every 1.5 s, three to a section. At CUTS random moments (default 20) the console and the
 # kit's recorder are killed together with SIGKILL, as a power cut would, and the
 # console is started again on the same unit; it opens the project and goes on.
 # At the end one more console opens the project and records a whole section.
@@ -70,11 +70,11 @@ started_ms() {
 }
 
 for i in $(seq "$cuts"); do
-    (cd "$run" && exec "$driver" --observations 1000 --every 1500) >"$run/console.$i.out" 2>&1 &
+    (cd "$run" && exec "$driver" --observations 3 --every 1500) >"$run/console.$i.out" 2>&1 &
     console=$!
     # Wait until the survey is under way (a project open or a section recording),
-    # then cut at a random moment of the next 3 to 25 s: questions, recording,
-    # observations, the end of a section all get their turn.
+    # then cut at a random moment of the next 3 to 25 s: a section takes about 10 s,
+    # so questions, recording, observations, the end of a section all get their turn.
     for _ in $(seq 600); do
         grep -q -E '^BENCH (recording|opened)' "$run/console.$i.out" && break
         grep -q '^BENCH failed' "$run/console.$i.out" && break
