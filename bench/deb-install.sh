@@ -42,7 +42,8 @@ cleanup() {
         umount -l "${mounts[$i]}" 2>/dev/null || true
     done
 }
-trap cleanup EXIT INT TERM
+trap cleanup EXIT
+trap 'exit 130' INT TERM
 
 rm -rf "$root"
 cp -a "$base" "$root"

@@ -3,9 +3,10 @@
 #   bench/powercut.sh [CUTS] [BUILD_DIR]
 # On a fresh simulated unit, build/bench/bench_surveyloop (the real main window and
 # controller, walked by keys) records section after section with a snapshot and a
-# comment every 1.5 s, three to a section. At CUTS random moments (default 20) the console and the
-# kit's recorder are killed together with SIGKILL, as a power cut would, and the
-# console is started again on the same unit; it opens the project and goes on.
+# comment every 1.5 s, three to a section. At CUTS random moments (default 20) the
+# console, the scripts it has running and the kit's recorder are killed together with
+# SIGKILL, as a power cut would, and the console is started again on the same unit;
+# it opens the project and goes on.
 # At the end one more console opens the project and records a whole section.
 # Then every section on the stick is checked:
 #   - every observation the console had accepted before a cut is in the section's
@@ -53,7 +54,8 @@ kill_recorder() {
     local pid
     if pid=$(recorder_of_this_unit); then kill -9 "$pid" 2>/dev/null || true; fi
 }
-trap cleanup EXIT INT TERM
+trap cleanup EXIT
+trap 'exit 130' INT TERM
 
 "$root/usr/local/bin/powerboard-sim" --root "$root" >"$run/powerboard.log" 2>&1 &
 board=$!
@@ -70,7 +72,8 @@ started_ms() {
 }
 
 for i in $(seq "$cuts"); do
-    (cd "$run" && exec "$driver" --observations 3 --every 1500) >"$run/console.$i.out" 2>&1 &
+    # In a session of its own, so the cut takes every script the console started too.
+    (cd "$run" && exec setsid "$driver" --observations 3 --every 1500) >"$run/console.$i.out" 2>&1 &
     console=$!
     # Wait until the survey is under way (a project open or a section recording),
     # then cut at a random moment of the next 3 to 25 s: a section takes about 10 s,
@@ -88,7 +91,8 @@ for i in $(seq "$cuts"); do
         file=$(tr '\0' '\n' < "/proc/$recorder/cmdline" | tail -n 1)
     fi
     cut=$(now_ms)
-    kill -9 "$console" ${recorder:+"$recorder"} 2>/dev/null || true
+    # The power goes: the console, every script it had running, and the recorder.
+    kill -9 -- "-$console" "$console" ${recorder:+"$recorder"} 2>/dev/null || true
     wait "$console" 2>/dev/null || true
     console=""
     echo "$i $cut ${recorder:-none} $began $file" >> "$cutlog"
@@ -168,7 +172,7 @@ echo "video lost at the cuts that came while recording (s):"
 losses=()
 while read -r i cut _ started file; do
     out="$run/console.$i.out"
-    [ "$started" != none ] || continue
+    [ "$started" != none ] && [ -n "$file" ] && [ "$file" != none ] || continue
     dir=$(dirname "$file")
     # A recording already stopped and being finished is not a cut recording.
     grep -q -F "BENCH stopped" <(grep -F " $dir" "$out") && continue

@@ -39,7 +39,8 @@ cleanup() {
     fi
     wait 2>/dev/null || true
 }
-trap cleanup EXIT INT TERM
+trap cleanup EXIT
+trap 'exit 130' INT TERM
 
 "$root/usr/local/bin/powerboard-sim" --root "$root" --report-ms 200 --ambient-ms 1000 >"$run/powerboard.log" 2>&1 &
 pids+=("$!")
