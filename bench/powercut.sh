@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Power cuts in the middle of an ostra survey, run by hand (not in CI):
 #   bench/powercut.sh [CUTS] [BUILD_DIR]
+#   bench/powercut.sh --check RUN_DIR     checks an earlier run's folder again
 # On a fresh simulated unit, build/bench/bench_surveyloop (the real main window and
 # controller, walked by keys) records section after section with a snapshot and a
 # comment every 1.5 s, three to a section. At CUTS random moments (default 20) the
@@ -19,19 +20,21 @@
 # bench_surveyloop unit_kit). Kills only the processes it started.
 set -euo pipefail
 repo=$(cd "$(dirname "$0")/.." && pwd)
-cuts="${1:-20}"
-build="${2:-$repo/build}"
-driver="$build/bench/bench_surveyloop"
-[ -x "$driver" ] || { echo "powercut: build $driver first" >&2; exit 1; }
-
-run=$(mktemp -d /tmp/powercut.XXXXXX)
+check_only=false
+if [ "${1:-}" = --check ]; then
+    check_only=true
+    run=$(cd "${2:?usage: powercut.sh --check RUN_DIR}" && pwd)
+    cuts=$(wc -l < "$run/cuts.txt")
+else
+    cuts="${1:-20}"
+    build="${2:-$repo/build}"
+    driver="$build/bench/bench_surveyloop"
+    [ -x "$driver" ] || { echo "powercut: build $driver first" >&2; exit 1; }
+    run=$(mktemp -d /tmp/powercut.XXXXXX)
+fi
 root="$run/root"
-eval "$("$repo/unit/make-root" "$root" "$build")" >/dev/null
-export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$run/xdg"
-mkdir -p -m 0700 "$XDG_RUNTIME_DIR"
 project="$root/media/usb1/corvane/powercut_lane.sur"
 cutlog="$run/cuts.txt"
-: > "$cutlog"
 
 board=""
 console=""
@@ -57,10 +60,6 @@ kill_recorder() {
 trap cleanup EXIT
 trap 'exit 130' INT TERM
 
-"$root/usr/local/bin/powerboard-sim" --root "$root" >"$run/powerboard.log" 2>&1 &
-board=$!
-for _ in $(seq 100); do [ -e "$root/dev/ttyAMA1" ] && break; sleep 0.1; done
-
 now_ms() { date +%s%3N; }
 # When a process started, in ms since the epoch: its start in clock ticks after boot.
 started_ms() {
@@ -71,46 +70,58 @@ started_ms() {
     echo $((boot * 1000 + ticks * 1000 / hz))
 }
 
-for i in $(seq "$cuts"); do
-    # In a session of its own, so the cut takes every script the console started too.
-    (cd "$run" && exec setsid "$driver" --observations 3 --every 1500) >"$run/console.$i.out" 2>&1 &
+# Runs the survey, cuts the power CUTS times, and lets a last console finish a section.
+cut_and_restart() {
+    eval "$("$repo/unit/make-root" "$root" "$build")" >/dev/null
+    export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$run/xdg"
+    mkdir -p -m 0700 "$XDG_RUNTIME_DIR"
+    : > "$cutlog"
+    "$root/usr/local/bin/powerboard-sim" --root "$root" >"$run/powerboard.log" 2>&1 &
+    board=$!
+    for _ in $(seq 100); do [ -e "$root/dev/ttyAMA1" ] && break; sleep 0.1; done
+
+    for i in $(seq "$cuts"); do
+        # In a session of its own, so the cut takes every script the console started too.
+        (cd "$run" && exec setsid "$driver" --observations 3 --every 1500) >"$run/console.$i.out" 2>&1 &
+        console=$!
+        # Wait until the survey is under way (a project open or a section recording),
+        # then cut at a random moment of the next 3 to 25 s: a section takes about 10 s,
+        # so questions, recording, observations, the end of a section all get their turn.
+        for _ in $(seq 600); do
+            grep -q -E '^BENCH (recording|opened)' "$run/console.$i.out" && break
+            grep -q '^BENCH failed' "$run/console.$i.out" && break
+            sleep 0.1
+        done
+        sleep "$(awk -v r="$RANDOM" 'BEGIN { printf "%.2f", 3 + 22 * r / 32767 }')"
+        recorder=$(recorder_of_this_unit || true)
+        began=none file=none
+        if [ -n "$recorder" ]; then
+            began=$(started_ms "$recorder" || echo none)
+            file=$(tr '\0' '\n' < "/proc/$recorder/cmdline" | tail -n 1)
+        fi
+        cut=$(now_ms)
+        # The power goes: the console, every script it had running, and the recorder.
+        kill -9 -- "-$console" "$console" ${recorder:+"$recorder"} 2>/dev/null || true
+        wait "$console" 2>/dev/null || true
+        console=""
+        echo "$i $cut ${recorder:-none} $began $file" >> "$cutlog"
+        echo "cut $i at $cut (recorder ${recorder:-not running}): $(grep '^BENCH' "$run/console.$i.out" | tail -n 1)"
+        for _ in $(seq 50); do [ -z "$recorder" ] || ! kill -0 "$recorder" 2>/dev/null && break; sleep 0.1; done
+    done
+
+    # After the last cut: the console opens the project once more and records a section.
+    (cd "$run" && exec "$driver" --observations 2 --every 1000 --sections 1) >"$run/console.final.out" 2>&1 &
     console=$!
-    # Wait until the survey is under way (a project open or a section recording),
-    # then cut at a random moment of the next 3 to 25 s: a section takes about 10 s,
-    # so questions, recording, observations, the end of a section all get their turn.
-    for _ in $(seq 600); do
-        grep -q -E '^BENCH (recording|opened)' "$run/console.$i.out" && break
-        grep -q '^BENCH failed' "$run/console.$i.out" && break
+    for _ in $(seq 1200); do
+        grep -q -E '^BENCH (section|failed)' "$run/console.final.out" && break
+        kill -0 "$console" 2>/dev/null || break
         sleep 0.1
     done
-    sleep "$(awk -v r="$RANDOM" 'BEGIN { printf "%.2f", 3 + 22 * r / 32767 }')"
-    recorder=$(recorder_of_this_unit || true)
-    began=none file=none
-    if [ -n "$recorder" ]; then
-        began=$(started_ms "$recorder" || echo none)
-        file=$(tr '\0' '\n' < "/proc/$recorder/cmdline" | tail -n 1)
-    fi
-    cut=$(now_ms)
-    # The power goes: the console, every script it had running, and the recorder.
-    kill -9 -- "-$console" "$console" ${recorder:+"$recorder"} 2>/dev/null || true
+    kill -9 "$console" 2>/dev/null || true
     wait "$console" 2>/dev/null || true
     console=""
-    echo "$i $cut ${recorder:-none} $began $file" >> "$cutlog"
-    echo "cut $i at $cut (recorder ${recorder:-not running}): $(grep '^BENCH' "$run/console.$i.out" | tail -n 1)"
-    for _ in $(seq 50); do [ -z "$recorder" ] || ! kill -0 "$recorder" 2>/dev/null && break; sleep 0.1; done
-done
-
-# After the last cut: the console opens the project once more and records a section.
-(cd "$run" && exec "$driver" --observations 2 --every 1000 --sections 1) >"$run/console.final.out" 2>&1 &
-console=$!
-for _ in $(seq 1200); do
-    grep -q -E '^BENCH (section|failed)' "$run/console.final.out" && break
-    kill -0 "$console" 2>/dev/null || break
-    sleep 0.1
-done
-kill -9 "$console" 2>/dev/null || true
-wait "$console" 2>/dev/null || true
-console=""
+}
+$check_only || cut_and_restart
 
 echo
 echo "== check: $project"
@@ -144,10 +155,15 @@ for i in $(seq "$cuts") final; do
 done
 echo "observations accepted: $accepted; missing: $missing; the line in flight at a cut missing: $inflight"
 
-sections=0 broken=0
+sections=0 broken=0 empty=0
 for dir in "$project"/section_*; do
     [ -d "$dir" ] || continue
     sections=$((sections + 1))
+    # Cut after Record made the folder and before anything was written: nothing to lose.
+    if [ -z "$(ls -A "$dir")" ]; then
+        empty=$((empty + 1))
+        continue
+    fi
     for file in .section.sdb .observations.sdb; do
         [ -f "$dir/$file" ] || problem "$dir/$file missing"
     done
@@ -160,7 +176,7 @@ for dir in "$project"/section_*; do
         problem "$dir/video.mp4 does not decode to its end"
     fi
 done
-echo "sections on the stick: $sections; videos that do not decode: $broken"
+echo "sections on the stick: $sections ($empty empty: cut before anything was recorded); videos that do not decode: $broken"
 
 # Video lost at each cut: how long the recorder had run when the cut came (from its
 # process's start, so its own start-up counts as lost), less what the file holds.
