@@ -17,11 +17,13 @@ class MiraculIXExport : public SurveyExport
 public:
     MiraculIXExport(QString projectPath, QString savePath);
 
-    // True once the exchange file is written; false if it could not be opened.
+    // True once the exchange file is written; false if it could not be opened
+    // or written whole (the last complete file then stays in place).
     bool startExport() override;
 
 private:
     QString exportFilePath(const QSettings &project) const;
     static void writeProject(QXmlStreamWriter &xml, const QSettings &project);
     static void writeSection(QXmlStreamWriter &xml, const QString &sectionDir);
+    static void writeObservations(QXmlStreamWriter &xml, const QString &sectionDir);
 };
