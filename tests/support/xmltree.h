@@ -47,6 +47,15 @@ struct XmlNode {
         return pairs;
     }
 
+    // Every element below this one, depth first, as "name=text"; one with children gives "name=".
+    QStringList flattened() const
+    {
+        QStringList pairs;
+        for (const XmlNode &child : children)
+            pairs << child.name + QLatin1Char('=') + child.text << child.flattened();
+        return pairs;
+    }
+
     // The document's root element; on a parse error its name is empty and *error says why.
     static XmlNode parse(const QByteArray &xml, QString *error)
     {
