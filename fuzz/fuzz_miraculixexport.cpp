@@ -6,6 +6,7 @@
 // the inputs itself: mutated survey files from a fixed seed.
 
 #include "reports/miraculixexport.h"
+#include "randomdriver.h"
 #include "surveyfilefuzz.h"
 
 #include <QSettings>
@@ -78,6 +79,8 @@ const char *const kObservationSeeds[] = {
     "0m, BOTH, , (@0)", "3.2m, TEXT, RECORD, (@0)", "1m, CODE, X, (@99999999999999999999)", "1m, QANT, , (@-5)",
 };
 
+const char kAlphabet[] = "0123456789m,ft (@)-.e\r\n\t\xff\x80\x01<&>\"'%[]=/";
+
 std::string lines(std::mt19937 &rng, const char *const *seeds, size_t count, int most, const char *end)
 {
     std::string text;
@@ -91,14 +94,19 @@ std::string makeInput(std::mt19937 &rng)
     std::string input = "[Project]\n" + lines(rng, kProjectSeeds, std::size(kProjectSeeds), 6, "\n") + '\0';
     input += "[Section]\n" + lines(rng, kSectionSeeds, std::size(kSectionSeeds), 8, "\n") + '\0';
     input += lines(rng, kObservationSeeds, std::size(kObservationSeeds), 20, "\r\n");
-    for (int e = int(rng() % 6); e > 0; --e)
-        surveyfuzz::mutate(rng, input);
+    for (int e = int(rng() % 6); e > 0; --e) {
+        if (rng() % 5 == 0)
+            input.insert(input.empty() ? 0 : rng() % input.size(),
+                         std::string(rng() % 200, kAlphabet[rng() % (sizeof kAlphabet - 1)]));
+        else
+            fuzzdriver::edit(rng, input, kAlphabet);
+    }
     return input;
 }
 }
 
 int main(int argc, char **argv)
 {
-    return surveyfuzz::driveRandomly(argc, argv, makeInput, LLVMFuzzerTestOneInput);
+    return fuzzdriver::run(argc, argv, 20000UL, 20240101UL, "survey files exported", makeInput);
 }
 #endif

@@ -5,6 +5,7 @@
 // mutated survey lines from a fixed seed.
 
 #include "reports/wrcexport.h"
+#include "randomdriver.h"
 #include "surveyfilefuzz.h"
 
 namespace {
@@ -45,25 +46,31 @@ const char *const kSectionSeeds[] = {
     "[Section]", "Start=MH1", "End=\"MH2, west\"", "Size=225 x 300mm", "Duty=Foul (F)", "Direction=(",
     "Invert=1e308", "EDepth=nan", "PipelineRef=", "Comments=a, b, c", "Type=@Invalid()", "Material=\\x1",
 };
+const char kAlphabet[] = "0123456789m,ft (@)-.e\r\n\t\xff\x80\x01<&>\"'";
 
 std::string makeInput(std::mt19937 &rng)
 {
     std::string input;
     if (rng() % 2) {
         for (int i = int(rng() % 6); i >= 0; --i)
-            input += std::string(surveyfuzz::pick(rng, kSectionSeeds)) + "\n";
+            input += std::string(fuzzdriver::pick(rng, kSectionSeeds)) + "\n";
         input += '\0';
     }
     for (int i = int(rng() % 16); i >= 0; --i)
-        input += std::string(surveyfuzz::pick(rng, kObservationSeeds)) + "\r\n";
-    for (int e = int(rng() % 6); e > 0; --e)
-        surveyfuzz::mutate(rng, input);
+        input += std::string(fuzzdriver::pick(rng, kObservationSeeds)) + "\r\n";
+    for (int e = int(rng() % 6); e > 0; --e) {
+        if (rng() % 5 == 0)
+            input.insert(input.empty() ? 0 : rng() % input.size(),
+                         std::string(rng() % 200, kAlphabet[rng() % (sizeof kAlphabet - 1)]));
+        else
+            fuzzdriver::edit(rng, input, kAlphabet);
+    }
     return input;
 }
-}
+} // namespace
 
 int main(int argc, char **argv)
 {
-    return surveyfuzz::driveRandomly(argc, argv, makeInput, LLVMFuzzerTestOneInput);
+    return fuzzdriver::run(argc, argv, 100000UL, 20240101UL, "survey files exported", makeInput);
 }
 #endif

@@ -1,9 +1,8 @@
 #pragma once
 
-// What the fuzz drivers of the exporters share: a quiet application with its
-// own settings and scratch folder, the survey files written from the input, the
-// check that an export reads through as XML, and the built-in driver's mutation
-// of seed lines when no libFuzzer is linked.
+// What the fuzz targets of the exporters share: a quiet application with its
+// own settings and scratch folder, the survey files written from the input, and
+// the check that an export reads through as XML.
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,7 +13,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -90,57 +88,5 @@ inline void requireWellFormed(const QString &path)
         std::abort();
     }
 }
-
-#ifndef DUCTLINE_LIBFUZZER
-const char kAlphabet[] = "0123456789m,ft (@)-.e\r\n\t\xff\x80\x01<&>\"'%[]=/";
-
-template <size_t N>
-const char *pick(std::mt19937 &rng, const char *const (&seeds)[N])
-{
-    return seeds[rng() % N];
-}
-
-inline void mutate(std::mt19937 &rng, std::string &s)
-{
-    const size_t pos = s.empty() ? 0 : rng() % s.size();
-    switch (rng() % 5) {
-    case 0:
-        if (!s.empty())
-            s[pos] = char(rng() % 256);
-        break;
-    case 1:
-        s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
-        break;
-    case 2:
-        if (!s.empty())
-            s.erase(pos, rng() % 8);
-        break;
-    case 3:
-        s.insert(pos, std::string(rng() % 200, kAlphabet[rng() % (sizeof kAlphabet - 1)]));
-        break;
-    default:
-        s.resize(pos);
-        break;
-    }
-}
-
-// Runs the driver over `runs` made-up inputs (argv[1], default 100000) from a
-// fixed seed (argv[2]) and says so when nothing was found.
-template <typename MakeInput, typename TestOne>
-int driveRandomly(int argc, char **argv, MakeInput makeInput, TestOne testOne)
-{
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 100000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20240101UL;
-    std::mt19937 rng(seed);
-    unsigned long bytes = 0;
-    for (unsigned long i = 0; i < runs; ++i) {
-        const std::string input = makeInput(rng);
-        bytes += input.size();
-        testOne(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-    }
-    std::printf("exported %lu inputs (%lu bytes, seed %lu) without a finding\n", runs, bytes, seed);
-    return 0;
-}
-#endif
 
 } // namespace surveyfuzz
