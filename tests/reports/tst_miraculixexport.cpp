@@ -76,6 +76,13 @@ private slots:
         QVERIFY(QDir(tree.path()).entryList({"*.xml"}).isEmpty());
         QVERIFY(MiraculIXExport(tree.path(), QString()).startExport());
         QTRY_COMPARE(clears(), 1);
+
+        // A unit without the script is told in the log; the export still counts.
+        const QString script = m_unit.path("/opt/hbi/bin/clear_cache.sh");
+        QVERIFY(QFile::rename(script, script + ".away"));
+        QVERIFY(MiraculIXExport(tree.path(), QString()).startExport());
+        QVERIFY(QFile::rename(script + ".away", script));
+        QVERIFY(log.contains("No cache script at"));
         QTest::qWait(200);
         QCOMPARE(clears(), 1);
     }
