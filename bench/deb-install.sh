@@ -45,7 +45,17 @@ cleanup() {
 trap cleanup EXIT
 trap 'exit 130' INT TERM
 
-rm -rf "$root"
+# A run that was killed leaves the host's /dev, /proc and /sys bound under the old
+# root: unbind them (deepest first) before the old root goes, and never remove across
+# file systems.
+awk -v r="$root/" 'index($2, r) == 1 { print $2 }' /proc/mounts | sort -r | while read -r mnt; do
+    umount -l "$mnt"
+done
+if awk -v r="$root/" 'index($2, r) == 1 { found = 1 } END { exit !found }' /proc/mounts; then
+    echo "deb-install: something is still mounted under $root; not removing it" >&2
+    exit 1
+fi
+rm -rf --one-file-system "$root"
 cp -a "$base" "$root"
 for fs in proc sys dev dev/pts dev/shm; do
     mkdir -p "$root/$fs"
