@@ -155,7 +155,7 @@ for i in $(seq "$cuts") final; do
 done
 echo "observations accepted: $accepted; missing: $missing; the line in flight at a cut missing: $inflight"
 
-sections=0 broken=0 empty=0
+sections=0 broken=0 empty=0 unstarted=0
 for dir in "$project"/section_*; do
     [ -d "$dir" ] || continue
     sections=$((sections + 1))
@@ -170,13 +170,16 @@ for dir in "$project"/section_*; do
     if [ -s "$dir/.observations.sdb" ] && [ -n "$(tail -c 1 "$dir/.observations.sdb")" ]; then
         problem "$dir/.observations.sdb ends in a broken line"
     fi
-    if [ -f "$dir/video.mp4" ] && ! timeout 120 gst-launch-1.0 -q filesrc location="$dir/video.mp4" ! qtdemux \
+    # Cut before the recorder wrote its first frame: an empty file, nothing recorded lost.
+    if [ -f "$dir/video.mp4" ] && [ ! -s "$dir/video.mp4" ]; then
+        unstarted=$((unstarted + 1))
+    elif [ -f "$dir/video.mp4" ] && ! timeout 120 gst-launch-1.0 -q filesrc location="$dir/video.mp4" ! qtdemux \
         ! h264parse ! avdec_h264 ! fakesink >/dev/null 2>&1; then
         broken=$((broken + 1))
         problem "$dir/video.mp4 does not decode to its end"
     fi
 done
-echo "sections on the stick: $sections ($empty empty: cut before anything was recorded); videos that do not decode: $broken"
+echo "sections on the stick: $sections ($empty empty: cut before anything was recorded); videos that do not decode: $broken; empty videos (cut before the first frame): $unstarted"
 
 # Video lost at each cut: how long the recorder had run when the cut came (from its
 # process's start, so its own start-up counts as lost), less what the file holds.
