@@ -4,11 +4,12 @@
 // Run by bench/powercut.sh and bench/soak.sh, which kill it, start it again and
 // check what it left on the stick against what it says here, one line per fact on
 // standard output, each starting "BENCH":
-//   BENCH opened <project> <sections on disk>    the console opened an existing project
+//   BENCH opened <epoch ms> <project> <sections on disk>   the console opened the project
 //   BENCH recording <epoch ms> <section dir>     the section's video file is growing
 //   BENCH observation <epoch ms> <section dir> <comment>   the comment was accepted
 //   BENCH stopped <epoch ms> <section dir>       Stop pressed
 //   BENCH section <epoch ms> <section dir>       the section is closed and saved
+//   BENCH failed <epoch ms> <why>                the operator could not go on
 //   bench_surveyloop [--observations N] [--every MS] [--idle MS] [--sections N]
 // --idle waits that long on the main screen between sections, not recording.
 #include "app/controller.h"
@@ -61,9 +62,7 @@ public:
             // The opened project offers its menu: a new section.
             if (!m_operator.answerMenu(QStringLiteral("Select:"), 1))
                 return fail(QStringLiteral("no new section in the opened project"));
-            printf("BENCH opened %lld %s %d\n", QDateTime::currentMSecsSinceEpoch(), qPrintable(projectPath()),
-                   int(sections().size()));
-            fflush(stdout);
+            report(QStringLiteral("opened"), projectPath() + QLatin1Char(' ') + QString::number(sections().size()));
             return true;
         }
         if (!m_operator.answerMenu(QStringLiteral("Select:"), 1)
