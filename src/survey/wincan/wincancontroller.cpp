@@ -26,6 +26,7 @@ const QString kProjectSuffix = QStringLiteral(".wcs");
 const QString kProjectFileName = QStringLiteral(".project.wdb");
 const QString kSectionFileName = QStringLiteral("/.section.wdb");
 const QString kMapFile = QStringLiteral("ReportMap.png");
+const QString kReportFile = QStringLiteral("Report.pdf");
 
 QString catalogueName(WCCatalogueManager::Specification specification)
 {
@@ -62,7 +63,6 @@ WinCanController::WinCanController(QObject *parent) : SurveyController(parent)
     m_timer->setSingleShot(true);
     m_timer->setInterval(kReportNoteMs);
     connect(m_timer, &QTimer::timeout, this, &WinCanController::exportDelay);
-    connect(this, &WinCanController::winCanResizeFinished, this, &WinCanController::offerReportTransfer);
 }
 
 WinCanController *WinCanController::instance(QObject *parent)
@@ -449,6 +449,10 @@ void WinCanController::finishResize(QString path)
     runClearCacheAndWait();
     inputReportPath = path;
     emit winCanResizeFinished();
+    if (QFile::exists(inputReportPath + kReportFile))
+        offerReportTransfer();
+    else
+        showNote(tr("The WinCan report could not be generated"), SLOT(openWinCanMenu(int)));
 }
 
 void WinCanController::exportAsPDF()
@@ -476,6 +480,7 @@ void WinCanController::createReport()
         qInfo() << "A WinCan report is being made already";
         return;
     }
-    qWarning() << "The WinCan report cannot be made by this build";
-    showNote(tr("The WinCan report could not be generated"), SLOT(openWinCanMenu(int)));
+    PDF = new exportPDF(this);
+    connect(PDF, &exportPDF::pdfresizeFinished, this, &WinCanController::finishResize);
+    PDF->createWinCanPDF(m_prj_directory);
 }
