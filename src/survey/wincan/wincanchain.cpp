@@ -219,13 +219,13 @@ void WinCanChain::stopDialogue(int row)
     if (asksServiceability())
         showMenu(tr("Enter Pipe Serviceability"), serviceabilityRows(), SLOT(serviceabilityDialogue(int)));
     else
-        closeAllContDefs();
+        finishSection();
 }
 
 void WinCanChain::serviceabilityDialogue(int row)
 {
     ConsoleSettings().setValue(QStringLiteral("WinCan/Serviceability"), QString::number(row));
-    closeAllContDefs();
+    finishSection();
 }
 
 void WinCanChain::finishSection()
