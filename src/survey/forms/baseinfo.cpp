@@ -5,6 +5,7 @@
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/surveydata.h"
 #include "survey/surveymanager.h"
+#include "survey/wincan/wincancontroller.h"
 #include "widgets/graphics.h"
 #include "widgets/hbilabel.h"
 #include "widgets/hbimessagebox.h"
@@ -53,6 +54,31 @@ QString BaseInfo::clockText(int mode)
 QString BaseInfo::formatDate(const char *format)
 {
     return QDate::currentDate().toString(QString::fromLatin1(format));
+}
+
+QString BaseInfo::dateOrToday(QString text)
+{
+    static const QString kDateFormat = QStringLiteral("yyyy-MM-dd");
+    for (const QChar separator : {QLatin1Char(':'), QLatin1Char('.'), QLatin1Char('\\'), QLatin1Char('/')})
+        text.replace(separator, QLatin1Char('-'));
+    if (QDate::fromString(text, kDateFormat).isValid())
+        return text;
+    return QDate::currentDate().toString(kDateFormat);
+}
+
+QString BaseInfo::timeOrNow(const QString &text, int mode)
+{
+    const QString format = mode == 0 ? QStringLiteral("hh:mm") : QStringLiteral("hh:mm AP");
+    return QTime::fromString(text, format).isValid() ? text : clockText(mode);
+}
+
+QString BaseInfo::completeDecimal(QString text)
+{
+    if (text.startsWith(QLatin1Char('.')))
+        text.prepend(QLatin1Char('0'));
+    if (text.endsWith(QLatin1Char('.')))
+        text.append(QLatin1Char('0'));
+    return text;
 }
 
 void BaseInfo::showEvent(QShowEvent *event)
@@ -212,13 +238,11 @@ P_ComboBox *BaseInfo::addComboBox(QFormLayout *column, const QString &label, con
 {
     auto *box = new P_ComboBox(this);
     box->setTag(tag);
-    box->addItems(rows);
     // The closed box shows as much of its row as its column has room for; it must
     // not take the room of the fields beside it.
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(kComboMinimumCharacters);
-    // Long rows must be read whole in the open list even where the closed box is narrow.
-    box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 40);
+    setRows(box, rows);
     column->addRow(fieldLabel(label, box), box);
     return box;
 }
@@ -273,6 +297,52 @@ void BaseInfo::saveSectionAndContinue()
     CorvaneController::instance()->editSectionDatabase();
 }
 
+void BaseInfo::saveWinCanProjectAndContinue()
+{
+    okKeyTrapped();
+    WinCanController::instance()->setProjectPath();
+}
+
+void BaseInfo::abandonWinCanProject()
+{
+    WinCanController *wincan = WinCanController::instance();
+    wincan->setEnabled(false);
+    wincan->setSectionOpen(false);
+    wincan->wcStopped();
+    emit selectVideoScreen();
+}
+
+void BaseInfo::closeWinCanSection()
+{
+    WinCanController::instance()->setSectionOpen(false);
+    emit selectVideoScreen();
+}
+
+void BaseInfo::openWinCanSection()
+{
+    okKeyTrapped();
+    WinCanController::instance()->setSectionOpen(true);
+}
+
+void BaseInfo::setRows(P_ComboBox *box, const QStringList &rows)
+{
+    box->clear();
+    box->addItems(rows);
+    // Long rows must be read whole in the open list even where the closed box is narrow.
+    box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 40);
+}
+
+void BaseInfo::validateDateField(P_LineEdit *date)
+{
+    date->setText(dateOrToday(date->text()));
+}
+
+void BaseInfo::completeDecimals(const QList<P_LineEdit *> &fields)
+{
+    for (P_LineEdit *field : fields)
+        field->setText(completeDecimal(field->text()));
+}
+
 QLabel *BaseInfo::labelOf(QWidget *field) const
 {
     for (QLabel *label : findChildren<QLabel *>()) {
@@ -289,12 +359,12 @@ void BaseInfo::maskRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *siz
     size->setInputMask(QStringLiteral("99999999; "));
 }
 
-void BaseInfo::stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size)
+void BaseInfo::stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size, const QString &inchLabel)
 {
     clockmode = readClockMode();
     date->setText(formatDate("yyyy-MM-dd"));
     time->setText(clockText(clockmode));
     const bool imperial = ConsoleSettings().value(QStringLiteral("Coiler/Imperial"), false).toBool();
     if (QLabel *label = labelOf(size))
-        label->setText(imperial ? tr("Size (in)") : tr("Size (mm)"));
+        label->setText(imperial ? inchLabel : tr("Size (mm)"));
 }
