@@ -2,7 +2,8 @@
 // window, forms, catalogues and the kit's recorder: a project on MSCC-5 with
 // two sections, each with its start questions, an observation picked from the
 // catalogue tree, one typed by code, a continuous defect opened and closed,
-// and the stop questions; then "Export Project" writes the exchange file.
+// and the stop questions; then "Export Project" writes the exchange file and
+// "Finalise Report" the report.
 #include "surveyrig.h"
 
 #include "app/controller.h"
@@ -213,6 +214,14 @@ void TestWinCanOnUnit::projectOfTwoSectionsByKeys()
                                QStringLiteral("CL"), QStringLiteral("CL"), QStringLiteral("MHF")};
     for (const ExportedSection &section : sections)
         QCOMPARE(section.codes, order);
+
+    // "Finalise Report": the report is made from the exchange file and offered to the app.
+    key(Ui::Key_WinCan);
+    QVERIFY(answerMenu(QStringLiteral("Select:"), 5));
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(project + QStringLiteral("Report.pdf")).size() > 0, 45000);
+    QVERIFY(answerMenu(
+        QStringLiteral("WinCan Report Successfully Generated. Do you wish to transfer the report to the ostra App?"), 0));
+    QVERIFY(answerText(QStringLiteral("Note:"), QString()));
 }
 
 QTEST_MAIN(TestWinCanOnUnit)

@@ -204,11 +204,6 @@ void WinCanController::menuDeselected(int row)
     }
 }
 
-void WinCanController::handleNotSupported()
-{
-    showNote(tr("This function is not yet supported"), SLOT(menuCancel(int)));
-}
-
 // ---- Projects ------------------------------------------------------------------
 
 void WinCanController::handleNewProject()
@@ -422,7 +417,9 @@ void WinCanController::closeAllContDefs()
 
 void WinCanController::exportDelay()
 {
-    emit closeMessageBox();
+    // The "Generating" note goes once the work it announces begins.
+    if (m_video)
+        m_video->closeDialogue();
     exportProject(true);
 }
 

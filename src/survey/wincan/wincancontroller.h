@@ -66,7 +66,6 @@ public slots:
     void showWaterLevel();
     void showContDefs();
     void closeAllContDefs();
-    void handleNotSupported();
 
     // Menu answers.
     void menuSelected(int row);
@@ -78,7 +77,6 @@ public slots:
     void openWinCanMenu(int answer);
 
 signals:
-    void closeMessageBox();
     void winCanResizeFinished();
     // The forms belong to the screen controller, which takes these.
     void selectWCProjectInfoScreen();
