@@ -123,7 +123,8 @@ private slots:
         initialiseGraphics();
         ConsoleStyle::apply(*qApp);
         SurveyManager::instance(&m_screen)->setType(SurveyManager::kSurveyType_WINCAN);
-        WinCanController::instance()->setVideoScreen(&m_screen);
+        SurveyManager::instance()->registerController(SurveyManager::kSurveyType_WINCAN,
+                                                      WinCanController::instance());
         m_device = m_unit.path(QStringLiteral("/media/usb1"));
         QDir().mkpath(m_device);
         ExternalStorage::instance()->handle_mount(QStringLiteral("USB1"), m_device);
@@ -499,9 +500,11 @@ private slots:
         qobject_cast<QLineEdit *>(focus())->setText(QStringLiteral("2026/11/02"));
         key(Qt::Key_Down);
         type(QStringLiteral("J-42"));
-        BoxAnswer none({Qt::Key_Escape});
-        key(Ui::Key_WinCan);
-        QVERIFY(!none.shown);
+        {
+            BoxAnswer none({Qt::Key_Escape});
+            key(Ui::Key_WinCan);
+            QVERIFY(!none.shown);
+        }
 
         QCOMPARE(stored("WinCanData/WCProject"), QStringLiteral("Mill_Lane"));
         QCOMPARE(stored("WinCanData/WCProjectDate"), QStringLiteral("2026-11-02"));
@@ -514,6 +517,16 @@ private slots:
         QCOMPARE(projectFile.value("Project/cdname").toString(), QStringLiteral("Mill_Lane"));
         QCOMPARE(projectFile.value("Project/ID").toString(), QStringLiteral("J-42"));
         QCOMPARE(current(), static_cast<QWidget *>(m_section));
+
+        // Escape there leaves the section closed: Record refuses.
+        key(Qt::Key_Escape);
+        QCOMPARE(current(), m_video);
+        QTRY_VERIFY(ExternalStorage::instance()->getMinsRemaining() >= SurveyManager::kMinimumRecordMinutes);
+        BoxAnswer refused({Qt::Key_Return});
+        SurveyManager::instance()->handleAction(SurveyManager::kActionRecord, 0);
+        QVERIFY(refused.shown);
+        QCOMPARE(refused.question, QStringLiteral("Section Information Not Completed"));
+        QVERIFY(!m_screen.calls.contains(QStringLiteral("createNewSurveyText")));
         wincan->setEnabled(false);
     }
 
