@@ -1,167 +1,19 @@
-#include "core/consolesettings.h"
-#include "core/uikeys.h"
-#include "storage/externalstorage.h"
 #include "support/boxanswer.h"
-#include "support/fakevideoscreen.h"
-#include "support/testunit.h"
-#include "survey/forms/wcformlists.h"
-#include "survey/forms/wcprojectinfov4.h"
-#include "survey/forms/wcsectioninfopage2.h"
-#include "survey/forms/wcsectioninfov4.h"
-#include "survey/surveydata.h"
-#include "survey/surveymanager.h"
-#include "survey/wincan/wccataloguemanager.h"
-#include "survey/wincan/wincancontroller.h"
-#include "widgets/consolestyle.h"
-#include "widgets/graphics.h"
-#include "widgets/p_combobox.h"
-#include "widgets/p_lineedit.h"
-#include "widgets/widgettag.h"
+#include "wcformrig.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QLabel>
-#include <QSettings>
-#include <QStackedWidget>
-#include <QtTest>
 
-using Spec = WCCatalogueManager::Specification;
-Q_DECLARE_METATYPE(Spec)
-
-// The three WinCan information forms on a page stack of their own, shown as the
-// main window shows a page (the page first, then its initialise()), with the
-// WinCan flow, the survey data in the unit's settings file and a USB stick to
-// save projects to.
-class TestWCForms : public QObject
+// The WinCan information forms driven by keys: their fields and lists for each
+// coding specification, what they accept, what they store where, and where each
+// key leads.
+class TestWCForms : public WCFormRig
 {
     Q_OBJECT
-    TestUnit m_unit;
-    FakeVideoScreen m_screen;
-    QWidget m_window;
-    QStackedWidget *m_stack = nullptr;
-    QWidget *m_video = nullptr;
-    WCProjectInfoV4 *m_project = nullptr;
-    WCSectionInfoV4 *m_section = nullptr;
-    wcsectioninfopage2 *m_page2 = nullptr;
-    QString m_device;
-
-    void show(QWidget *page)
-    {
-        QApplication::setActiveWindow(&m_window);
-        m_stack->setCurrentWidget(page);
-        if (auto *form = qobject_cast<BaseInfo *>(page))
-            form->initialise();
-        if (!page->isAncestorOf(QApplication::focusWidget()))
-            page->setFocus();
-    }
-    QWidget *current() const { return m_stack->currentWidget(); }
-    static SurveyData *data() { return SurveyManager::instance()->getSurveyData(); }
-    QWidget *focus()
-    {
-        QApplication::setActiveWindow(&m_window);
-        return QApplication::focusWidget();
-    }
-    void key(int code) { QTest::keyClick(focus(), Qt::Key(code)); }
-    void type(const QString &text)
-    {
-        for (const QChar c : text) {
-            if (c.unicode() < 128)
-                QTest::keyClick(focus(), c.toLatin1());
-            else
-                QTest::sendKeyEvent(QTest::Click, focus(), Qt::Key_unknown, QString(c), Qt::NoModifier);
-        }
-    }
-    template <typename Field>
-    static Field *field(QWidget *form, const QString &tag)
-    {
-        for (Field *candidate : form->findChildren<Field *>()) {
-            if (candidate->tag() == tag)
-                return candidate;
-        }
-        return nullptr;
-    }
-    static QStringList tagsOf(QWidget *form)
-    {
-        QStringList tags;
-        for (P_LineEdit *edit : form->findChildren<P_LineEdit *>())
-            tags << edit->tag();
-        for (P_ComboBox *box : form->findChildren<P_ComboBox *>())
-            tags << box->tag();
-        tags.removeAll(QString());
-        tags.sort();
-        return tags;
-    }
-    QString focusedTag()
-    {
-        if (auto *edit = qobject_cast<P_LineEdit *>(focus()))
-            return edit->tag();
-        if (auto *box = qobject_cast<P_ComboBox *>(focus()))
-            return box->tag();
-        return QString();
-    }
-    // What the unit's settings file holds, read from the disk.
-    QString stored(const QString &key) const
-    {
-        QSettings file(m_unit.path(QStringLiteral("/home/pi/.config/Corvane/Ductline.conf")), QSettings::IniFormat);
-        return file.value(key).toString();
-    }
-    static void setSpecification(Spec specification)
-    {
-        WCCatalogueManager::instance()->setSpecification(specification);
-    }
-    QWidget *formNamed(const QString &name) const
-    {
-        if (name == QLatin1String("project"))
-            return m_project;
-        return name == QLatin1String("section") ? static_cast<QWidget *>(m_section) : m_page2;
-    }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_unit.isValid());
-        initialiseGraphics();
-        ConsoleStyle::apply(*qApp);
-        SurveyManager::instance(&m_screen)->setType(SurveyManager::kSurveyType_WINCAN);
-        SurveyManager::instance()->registerController(SurveyManager::kSurveyType_WINCAN,
-                                                      WinCanController::instance());
-        m_device = m_unit.path(QStringLiteral("/media/usb1"));
-        QDir().mkpath(m_device);
-        ExternalStorage::instance()->handle_mount(QStringLiteral("USB1"), m_device);
-        ExternalStorage::instance()->update();
-
-        m_stack = new QStackedWidget(&m_window);
-        m_video = new QWidget(m_stack);
-        m_project = new WCProjectInfoV4(m_stack);
-        m_section = new WCSectionInfoV4(m_stack);
-        m_page2 = new wcsectioninfopage2(m_stack);
-        for (QWidget *page : {m_video, static_cast<QWidget *>(m_project), static_cast<QWidget *>(m_section),
-                              static_cast<QWidget *>(m_page2)})
-            m_stack->addWidget(page);
-        for (BaseInfo *form : {static_cast<BaseInfo *>(m_project), static_cast<BaseInfo *>(m_section),
-                               static_cast<BaseInfo *>(m_page2)}) {
-            connect(form, &BaseInfo::selectVideoScreen, this, [this] { show(m_video); });
-            connect(form, &BaseInfo::selectWCSectionInfoScreen, this, [this] { show(m_section); });
-            connect(form, &BaseInfo::selectWCSectionInfoScreen2, this, [this] { show(m_page2); });
-        }
-        // The flow asks for the section form once the project is made.
-        connect(WinCanController::instance(), &WinCanController::selectWCSectionInfoScreen, this,
-                [this] { show(m_section); });
-        m_window.setGeometry(0, 0, 800, 600);
-        m_stack->setGeometry(m_window.rect());
-        m_window.show();
-        QApplication::setActiveWindow(&m_window);
-        QVERIFY(QTest::qWaitForWindowActive(&m_window));
-    }
-
-    void init()
-    {
-        // Leaving the project form leaves the mode, and with it the WinCan data.
-        SurveyManager::instance()->setType(SurveyManager::kSurveyType_WINCAN);
-        setSpecification(WCCatalogueManager::kWCCat_MSCC_5);
-        data()->clear();
-        show(m_video);
-    }
+    void initTestCase() { QVERIFY(start()); }
+    void init() { reset(); }
 
     // The first test: a catalogue stays open once a form has opened it.
     void catalogueLine_data()
@@ -324,6 +176,29 @@ private slots:
         QVERIFY(shape->findText("Rectangular With Small Channel (RSC)") > 0);
     }
 
+    void sizeUnitInTheLabel_data()
+    {
+        QTest::addColumn<bool>("imperial");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("metric") << false << "Size (mm)";
+        QTest::newRow("imperial") << true << "Size (inch)";
+    }
+    void sizeUnitInTheLabel()
+    {
+        QFETCH(bool, imperial);
+        QFETCH(QString, label);
+        ConsoleSettings().setValue("Coiler/Imperial", imperial);
+        show(m_section);
+        ConsoleSettings().setValue("Coiler/Imperial", false);
+        P_LineEdit *size = field<P_LineEdit>(m_section, "PCDPipeDimension1");
+        QStringList labels;
+        for (QLabel *candidate : m_section->findChildren<QLabel *>()) {
+            if (candidate->buddy() == size)
+                labels << candidate->text();
+        }
+        QCOMPARE(labels, QStringList{label});
+    }
+
     // A list rebuilt for another specification still shows the stored row.
     void listRebuiltKeepsTheStoredRow()
     {
@@ -432,22 +307,6 @@ private slots:
             QCOMPARE(result, text);
         else
             QVERIFY2(QTime::fromString(result, mode == 0 ? "hh:mm" : "hh:mm AP").isValid(), qPrintable(result));
-    }
-
-    void decimals_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("decimal");
-        QTest::newRow("trailing point") << "12." << "12.0";
-        QTest::newRow("leading point") << ".5" << "0.5";
-        QTest::newRow("whole") << "1.25" << "1.25";
-        QTest::newRow("empty stays") << "" << "";
-    }
-    void decimals()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, decimal);
-        QCOMPARE(BaseInfo::completeDecimal(text), decimal);
     }
 
     // Typed on the keypad and saved by the page key, as the operator does.
@@ -683,116 +542,6 @@ private slots:
         wincan->setEnabled(false);
     }
 
-    void formsAtFullSize_data()
-    {
-        QTest::addColumn<Spec>("specification");
-        QTest::addColumn<QString>("form");
-        for (Spec spec : {WCCatalogueManager::kWCCat_MSCC_3, WCCatalogueManager::kWCCat_MSCC_5}) {
-            const QByteArray name = spec == WCCatalogueManager::kWCCat_MSCC_3 ? "mscc3" : "mscc5";
-            for (const char *form : {"project", "section", "page2"})
-                QTest::newRow(QByteArray(form) + "-" + name) << spec << QString::fromLatin1(form);
-        }
-    }
-    // Each form as the operator sees it at 800x600, saved for a human to look
-    // over: every field whole on the page and big enough for a gloved finger, its
-    // text and label whole, every list row whole on the screen, the focus framed.
-    void formsAtFullSize()
-    {
-        QFETCH(Spec, specification);
-        QFETCH(QString, form);
-        setSpecification(specification);
-        data()->set("PIDOperator", "Alexandra Jones");
-        data()->set("PCDStartStreetName", "Mill Lane");
-        data()->set("PCDStartDepth", "1234.56");
-        data()->set("PIDPurpose", WCFormLists::purposes(specification).value(1));
-        data()->set("PCDLiningType", "Lining Inserted During Manufacture (M)");
-        QWidget *page = formNamed(form);
-        show(page);
-        QApplication::processEvents();
-        const QImage image = m_window.grab().toImage().convertToFormat(QImage::Format_RGB32);
-        image.save(TestUnit::artifactsDir(QStringLiteral("wcforms")) + QLatin1Char('/') + QTest::currentDataTag()
-                   + QStringLiteral(".png"));
-        QCOMPARE(image.size(), QSize(800, 600));
-
-        const QRect pageArea(QPoint(), page->size());
-        for (QWidget *widget : page->findChildren<QWidget *>()) {
-            if (!widget->isVisibleTo(page) || widget->focusPolicy() == Qt::NoFocus)
-                continue;
-            const QString name = form + QStringLiteral(": ") + WidgetTag::get(widget);
-            QVERIFY2(pageArea.contains(QRect(widget->mapTo(page, QPoint()), widget->size())),
-                     qPrintable(name + " runs off the page"));
-            QVERIFY2(widget->height() >= 34, qPrintable(name + " too small for a gloved finger"));
-            QVERIFY2(widget->fontInfo().pixelSize() >= 20, qPrintable(name + " type too small"));
-        }
-        for (P_LineEdit *edit : page->findChildren<P_LineEdit *>()) {
-            const int room = edit->width() - 2 * 8;
-            QVERIFY2(edit->fontMetrics().horizontalAdvance(edit->displayText()) <= room,
-                     qPrintable(edit->tag() + " cut short: " + edit->displayText()));
-        }
-        for (P_ComboBox *box : page->findChildren<P_ComboBox *>()) {
-            QVERIFY2(box->view()->minimumWidth() <= 800,
-                     qPrintable(box->tag() + ": a list row is wider than the screen"));
-        }
-        for (QLabel *label : page->findChildren<QLabel *>()) {
-            if (label->text().isEmpty() || !label->isVisibleTo(page))
-                continue;
-            const bool fits = label->wordWrap() ? label->heightForWidth(label->width()) <= label->height() + 2
-                                                : label->sizeHint().width() <= label->width() + 2;
-            QVERIFY2(fits, qPrintable(form + ": label cut short: " + label->text()));
-        }
-        // The field in use wears the thick blue frame.
-        QWidget *focused = focus();
-        QVERIFY(focused && page->isAncestorOf(focused));
-        const QRect focusArea(focused->mapTo(&m_window, QPoint()), focused->size());
-        int framed = 0;
-        for (int y = focusArea.top(); y <= focusArea.bottom(); ++y) {
-            for (int x = focusArea.left(); x <= focusArea.right(); ++x) {
-                const QColor pixel = image.pixelColor(x, y);
-                const QColor blue = ConsoleStyle::focus();
-                framed += qAbs(pixel.red() - blue.red()) + qAbs(pixel.green() - blue.green())
-                              + qAbs(pixel.blue() - blue.blue()) <= 40;
-            }
-        }
-        QVERIFY2(framed > 4 * focused->width(), qPrintable(form + ": focus frame not visible"));
-    }
-
-    void listRowsReadWhole_data()
-    {
-        QTest::addColumn<Spec>("specification");
-        QTest::addColumn<QString>("form");
-        QTest::addColumn<QString>("tag");
-        QTest::newRow("MSCC-3 purpose") << WCCatalogueManager::kWCCat_MSCC_3 << "section" << "PIDPurpose";
-        QTest::newRow("MSCC-5 material") << WCCatalogueManager::kWCCat_MSCC_5 << "section" << "PCDPipeMaterial";
-        QTest::newRow("lining type") << WCCatalogueManager::kWCCat_MSCC_5 << "page2" << "PCDLiningType";
-    }
-    // The open list shows every row whole, on the screen.
-    void listRowsReadWhole()
-    {
-        QFETCH(Spec, specification);
-        QFETCH(QString, form);
-        QFETCH(QString, tag);
-        setSpecification(specification);
-        QWidget *page = formNamed(form);
-        show(page);
-        P_ComboBox *box = field<P_ComboBox>(page, tag);
-        box->setFocus();
-        box->showPopup();
-        QAbstractItemView *list = box->view();
-        QTRY_VERIFY(list->isVisible());
-        const QRect popup(list->window()->mapToGlobal(QPoint()), list->window()->size());
-        const QImage image = list->window()->grab().toImage();
-        image.save(TestUnit::artifactsDir(QStringLiteral("wcforms")) + QStringLiteral("/list-")
-                   + QTest::currentDataTag() + QStringLiteral(".png"));
-        QVERIFY2(QRect(0, 0, 800, 600).contains(popup), qPrintable(QStringLiteral("list off the screen")));
-        for (int row = 1; row < box->count(); ++row) {
-            list->scrollTo(box->model()->index(row, 0));
-            const QRect cell = list->visualRect(box->model()->index(row, 0)).intersected(list->viewport()->rect());
-            const QString text = box->itemText(row);
-            const QRect written = list->fontMetrics().boundingRect(cell.adjusted(10, 0, -10, 0), Qt::TextWordWrap, text);
-            QVERIFY2(written.width() <= cell.width() - 20 && written.height() <= cell.height(), qPrintable(text));
-        }
-        box->hidePopup();
-    }
 };
 
 QTEST_MAIN(TestWCForms)
