@@ -350,8 +350,10 @@ private slots:
     void projectSavedAndMade()
     {
         WinCanController *wincan = WinCanController::instance();
-        wincan->setEnabled(true);
-        show(m_project);
+        // "New Project" from the mode menu of a basic survey: the form comes before the mode changes.
+        SurveyManager::instance()->setType(SurveyManager::kSurveyType_BASIC);
+        wincan->menuSelected(1);
+        QCOMPARE(current(), static_cast<QWidget *>(m_project));
         type(QStringLiteral("Mill_Lane"));
         key(Qt::Key_Down);
         QCOMPARE(focusedTag(), QStringLiteral("WCProjectDate"));

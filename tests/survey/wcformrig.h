@@ -141,6 +141,8 @@ protected:
             connect(form, &BaseInfo::selectWCSectionInfoScreen, this, [this] { show(m_section); });
             connect(form, &BaseInfo::selectWCSectionInfoScreen2, this, [this] { show(m_page2); });
         }
+        connect(WinCanController::instance(), &WinCanController::selectWCProjectInfoScreen, this,
+                [this] { show(m_project); });
         // The flow asks for the section form once the project is made.
         connect(WinCanController::instance(), &WinCanController::selectWCSectionInfoScreen, this,
                 [this] { show(m_section); });

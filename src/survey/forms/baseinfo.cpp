@@ -42,8 +42,10 @@ void BaseInfo::initialise()
     connect(this, &BaseInfo::send, surveyData(), &SurveyData::set, Qt::UniqueConnection);
 }
 
-SurveyData *BaseInfo::surveyData()
+SurveyData *BaseInfo::surveyData() const
 {
+    if (m_winCanData)
+        return WinCanController::instance()->surveyData();
     return SurveyManager::instance()->getSurveyData();
 }
 
