@@ -2,15 +2,16 @@
 
 #include "core/consolesettings.h"
 #include "core/singleton.h"
+#include "reports/cachescript.h"
+#include "reports/exportpdf.h"
+#include "reports/miraculixexport.h"
 #include "storage/externalstorage.h"
 #include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
 #include "survey/surveypaths.h"
 #include "survey/wincan/cddatabase.h"
-#include "survey/wincan/defectcodechain.h"
-#include "survey/wincan/wccatalogue.h"
+#include "survey/wincan/wincanchain.h"
 #include "survey/wincan/wccataloguemanager.h"
-#include "survey/wincan/wcparams.h"
 
 #include <QDateTime>
 #include <QDebug>
@@ -25,31 +26,7 @@ const QString kProjectSuffix = QStringLiteral(".wcs");
 const QString kProjectFileName = QStringLiteral(".project.wdb");
 const QString kSectionFileName = QStringLiteral("/.section.wdb");
 const QString kMapFile = QStringLiteral("ReportMap.png");
-const QString kSurveyAbandoned = QStringLiteral("SA");
-// "Cancel" and "Survey Abandon" come before the end node rows.
-constexpr int kFirstStopNodeRow = 2;
-
-// Where each catalogue keeps its start and finish node types.
-struct NodeLayout {
-    int codeClass;
-    int baseCode;
-    int startExtension;
-    int stopExtension;
-};
-
-NodeLayout nodeLayoutOf(WCCatalogueManager::Specification specification)
-{
-    switch (specification) {
-    case WCCatalogueManager::kWCCat_MSCC_5:
-        return {0, 6, 0, 1};
-    case WCCatalogueManager::kWCCat_MSCC_5_Domestic:
-        return {3, 3, 0, 1};
-    case WCCatalogueManager::kWCCat_MSCC_4:
-        return {2, 5, 1, 0};
-    default:
-        return {2, 3, 1, 0};
-    }
-}
+const QString kReportFile = QStringLiteral("Report.pdf");
 
 QString catalogueName(WCCatalogueManager::Specification specification)
 {
@@ -72,22 +49,6 @@ WCCatalogueManager::Specification specification()
     return WCCatalogueManager::instance()->specification();
 }
 
-bool asksServiceability()
-{
-    return specification() == WCCatalogueManager::kWCCat_MSCC_5
-           || specification() == WCCatalogueManager::kWCCat_MSCC_5_Domestic;
-}
-
-WCCatalogue *catalogue()
-{
-    return WCCatalogueManager::instance()->catalogue(WCCatalogueManager::kWCCat_Default);
-}
-
-QString codeOf(const wchar_t *code)
-{
-    return code ? QString::fromWCharArray(code) : QString();
-}
-
 } // namespace
 
 WinCanController::WinCanController(QObject *parent) : SurveyController(parent)
@@ -96,8 +57,8 @@ WinCanController::WinCanController(QObject *parent) : SurveyController(parent)
     connect(this, &SurveyController::newProject, this, &WinCanController::handleNewProject);
     connect(this, &SurveyController::openProject, this, &WinCanController::handleOpenProject);
     connect(this, &SurveyController::newSection, this, &WinCanController::handleNewSection);
-    m_chain = new DefectCodeChain(this);
-    connect(m_chain, &DefectCodeChain::modeMenuWanted, this, &WinCanController::button_push);
+    m_chain = new WinCanChain(this);
+    connect(m_chain, &WinCanChain::modeMenuWanted, this, &WinCanController::button_push);
     m_timer = new QTimer(this);
     m_timer->setSingleShot(true);
     m_timer->setInterval(kReportNoteMs);
@@ -108,14 +69,6 @@ WinCanController *WinCanController::instance(QObject *parent)
 {
     static WinCanController *theInstance = nullptr;
     return Singleton<WinCanController>::instance(theInstance, parent);
-}
-
-QStringList WinCanController::serviceabilityRows()
-{
-    return {tr("The Pipe is Flowing Fine"),        tr("The Pipe is Failing to Discharge"),
-            tr("There is Evidence of Leakage"),    tr("Evidence of StormWater Flooding"),
-            tr("Root Growth may Lead to Blockage"), tr("A Leakage Test has Failed"),
-            tr("The Pipe is Unserviceable")};
 }
 
 bool WinCanController::sectionOpen() const
@@ -249,11 +202,6 @@ void WinCanController::menuDeselected(int row)
     default:
         break;
     }
-}
-
-void WinCanController::handleNotSupported()
-{
-    showNote(tr("This function is not yet supported"), SLOT(menuCancel(int)));
 }
 
 // ---- Projects ------------------------------------------------------------------
@@ -400,11 +348,10 @@ void WinCanController::menuObservation(int row)
 {
     switch (row) {
     case 1:
-        showCatagories();
+        chain()->showCatagories();
         break;
     case 2:
-        m_chain->setVideoScreen(m_video);
-        m_chain->getCode(QChar(), true);
+        chain()->getCode(QChar(), true);
         break;
     case 3:
         menuEndSection(1);
@@ -427,242 +374,91 @@ void WinCanController::menuEndSection(int row)
 
 void WinCanController::text_key(QChar letter)
 {
-    m_chain->setVideoScreen(m_video);
-    m_chain->getCode(letter, false);
+    chain()->getCode(letter, false);
 }
 
 void WinCanController::showContDefs()
 {
-    m_chain->setVideoScreen(m_video);
-    m_chain->showContDefs();
+    chain()->showContDefs();
 }
 
 void WinCanController::showWaterLevel()
 {
-    m_chain->setVideoScreen(m_video);
-    m_chain->showWaterLevel();
+    chain()->showWaterLevel();
 }
 
-void WinCanController::showQuestions(const QString &code, int defCode)
+WinCanChain *WinCanController::chain()
 {
     m_chain->setVideoScreen(m_video);
-    m_chain->runCode(code, defCode);
+    return m_chain;
 }
-
-// The catalogue tree: each level's "Cancel" goes one level up, the top one to the mode menu.
-
-void WinCanController::showCatagories()
-{
-    WCCatalogue *cat = catalogue();
-    if (!cat) {
-        qWarning() << "No defect catalogue: no tree to pick from";
-        showNote(tr("Can't find Defect code "), SLOT(openWinCanMenu(int)));
-        return;
-    }
-    showMenu(tr("Catagories:"), QStringList{tr("Cancel")} + cat->getCatagoryStringList(), SLOT(menuCatagories(int)));
-}
-
-void WinCanController::menuCatagories(int row)
-{
-    WCCatalogue *cat = catalogue();
-    m_class = row > 0 && cat ? cat->getCatagoryClass(row - 1) : nullptr;
-    if (m_class)
-        showBasecodes();
-    else
-        button_push();
-}
-
-void WinCanController::showBasecodes()
-{
-    showMenu(tr("Basecodes:"), QStringList{tr("Cancel")} + catalogue()->getBaseCodesStringList(m_class),
-             SLOT(menuBasecodes(int)));
-}
-
-void WinCanController::menuBasecodes(int row)
-{
-    WCCatalogue *cat = catalogue();
-    m_basecode = row > 0 && cat ? cat->getBasecode(m_class, row - 1) : nullptr;
-    if (m_basecode)
-        showCharExt1();
-    else
-        showCatagories();
-}
-
-void WinCanController::showCharExt1()
-{
-    const QStringList rows = catalogue()->getCharExt1StringList(m_basecode);
-    if (rows.isEmpty()) {
-        showQuestions(codeOf(m_basecode->Code), WCParams::kFreeDefect);
-        return;
-    }
-    showMenu(tr("Char Ext:"), QStringList{tr("Cancel")} + rows, SLOT(menuCharExt1(int)));
-}
-
-void WinCanController::menuCharExt1(int row)
-{
-    WCCatalogue *cat = catalogue();
-    m_charext1 = row > 0 && cat ? cat->getCharExtClass(m_basecode, row - 1) : nullptr;
-    if (m_charext1)
-        showCharExt2();
-    else
-        showBasecodes();
-}
-
-void WinCanController::showCharExt2()
-{
-    const QStringList rows = catalogue()->getCharExt2StringList(m_charext1);
-    if (rows.isEmpty()) {
-        showQuestions(codeOf(m_charext1->Code), WCParams::kFreeDefect);
-        return;
-    }
-    showMenu(tr("Char Ext:"), QStringList{tr("Cancel")} + rows, SLOT(menuCharExt2(int)));
-}
-
-void WinCanController::menuCharExt2(int row)
-{
-    WCCatalogue *cat = catalogue();
-    m_charext2 = row > 0 && cat ? cat->getCharExtClass(m_charext1, row - 1) : nullptr;
-    if (m_charext2)
-        showQuestions(codeOf(m_charext2->Code), WCParams::kFreeDefect);
-    else
-        showCharExt1();
-}
-
-// ---- Start and end of a recorded section -----------------------------------------------
 
 bool WinCanController::asksNodeQuestions()
 {
-    const WCCatalogueManager::Specification current = specification();
-    return current == WCCatalogueManager::kWCCat_MSCC_4 || current == WCCatalogueManager::kWCCat_MSCC_5
-           || current == WCCatalogueManager::kWCCat_MSCC_5_Domestic;
-}
-
-WCCatCharExt *WinCanController::nodeLayout(bool atStop)
-{
-    WCCatalogue *cat = catalogue();
-    if (!cat)
-        return nullptr;
-    const NodeLayout layout = nodeLayoutOf(specification());
-    m_class = cat->getCatagoryClass(layout.codeClass);
-    m_basecode = m_class ? cat->getBasecode(m_class, layout.baseCode) : nullptr;
-    return m_basecode ? cat->getCharExtClass(m_basecode, atStop ? layout.stopExtension : layout.startExtension)
-                      : nullptr;
+    return WinCanChain::asksNodeQuestions();
 }
 
 void WinCanController::startUpQuestions()
 {
-    if (asksNodeQuestions())
-        showStartNode();
-}
-
-void WinCanController::showStartNode()
-{
-    m_charext1 = nodeLayout(false);
-    if (!m_charext1) {
-        // The recording goes on; only the start node is not asked for.
-        qWarning() << "The defect catalogue has no start node types";
-        return;
-    }
-    const QStringList rows = catalogue()->getCharExt2StringList(m_charext1);
-    if (rows.isEmpty()) {
-        showQuestions(codeOf(m_charext1->Code), WCParams::kStartNode);
-        return;
-    }
-    showMenu(tr("Start Node Type:"), QStringList{tr("Cancel")} + rows, SLOT(menuStartUpExt2(int)));
-}
-
-void WinCanController::menuStartUpExt2(int row)
-{
-    WCCatalogue *cat = catalogue();
-    WCCatCharExt *node = row > 0 && cat && m_charext1 ? cat->getCharExtClass(m_charext1, row - 1) : nullptr;
-    if (node)
-        showQuestions(codeOf(node->Code), WCParams::kStartNode);
-    else
-        button_push();
+    chain()->startUpQuestions();
 }
 
 void WinCanController::stopQuestions()
 {
-    if (m_video)
-        m_video->showDialogue(tr("Are you sure you want to stop the recording?"), {tr("No"), tr("Yes")}, this,
-                              SLOT(stopDialogue(int)));
-}
-
-void WinCanController::stopDialogue(int row)
-{
-    if (row != 1)
-        return;
-    if (asksServiceability())
-        showMenu(tr("Enter Pipe Serviceability"), serviceabilityRows(), SLOT(serviceabilityDialogue(int)));
-    else
-        closeAllContDefs();
-}
-
-void WinCanController::serviceabilityDialogue(int row)
-{
-    ConsoleSettings().setValue(QStringLiteral("WinCan/Serviceability"), QString::number(row));
-    closeAllContDefs();
+    chain()->stopQuestions();
 }
 
 void WinCanController::closeAllContDefs()
 {
-    m_chain->setVideoScreen(m_video);
-    m_chain->closeAllContDefs();
-    showStopNode();
-}
-
-void WinCanController::showStopNode()
-{
-    m_charext1 = nodeLayout(true);
-    if (!m_charext1) {
-        // Without a catalogue there is no end node to ask for, but the
-        // recording must still end.
-        qWarning() << "The defect catalogue has no finish node types: the section ends without one";
-        SurveyManager::instance()->stop();
-        return;
-    }
-    showMenu(tr("End Node Type:"),
-             QStringList{tr("Cancel"), tr("Survey Abandon")} + catalogue()->getCharExt2StringList(m_charext1),
-             SLOT(menuStopExt2(int)));
-}
-
-void WinCanController::menuStopExt2(int row)
-{
-    WCCatalogue *cat = catalogue();
-    if (row == 1) {
-        showQuestions(kSurveyAbandoned, WCParams::kStopNode);
-        return;
-    }
-    WCCatCharExt *node = row >= kFirstStopNodeRow && cat && m_charext1
-                             ? cat->getCharExtClass(m_charext1, row - kFirstStopNodeRow)
-                             : nullptr;
-    if (node)
-        showQuestions(codeOf(node->Code), WCParams::kStopNode);
-    else
-        button_push();
+    chain()->finishSection();
 }
 
 // ---- Export and report -------------------------------------------------------------
 
 void WinCanController::exportDelay()
 {
-    emit closeMessageBox();
+    // The "Generating" note goes once the work it announces begins.
+    if (m_video)
+        m_video->closeDialogue();
     exportProject(true);
 }
 
 void WinCanController::exportProject(bool makePdf)
 {
-    Q_UNUSED(makePdf)
-    qInfo().noquote() << "WinCan export of" << m_prj_directory;
+    if (m_prj_directory.isEmpty()) {
+        qInfo() << "No WinCan project open: nothing to export";
+        return;
+    }
+    const bool exported = MiraculIXExport(m_prj_directory, QString()).startExport();
+    if (!makePdf) {
+        showNote(exported ? tr("WinCan Export Successful") : tr("WinCan Export Failed"));
+        return;
+    }
+    createReport();
 }
 
 void WinCanController::finishResize(QString path)
 {
+    // Called from the report's own signal: it goes once that signal returns.
+    if (PDF)
+        PDF->deleteLater();
+    PDF = nullptr;
+    runClearCacheAndWait();
     inputReportPath = path;
     emit winCanResizeFinished();
+    if (QFile::exists(inputReportPath + kReportFile))
+        offerReportTransfer();
+    else
+        showNote(tr("The WinCan report could not be generated"), SLOT(openWinCanMenu(int)));
 }
 
 void WinCanController::exportAsPDF()
+{
+    runClearCacheAndWait();
+    offerReportTransfer();
+}
+
+void WinCanController::offerReportTransfer()
 {
     showMenu(tr("WinCan Report Successfully Generated. Do you wish to transfer the report to the ostra App?"),
              {tr("Yes"), tr("No")}, SLOT(menuReportTransfer(int)));
@@ -673,4 +469,15 @@ void WinCanController::menuReportTransfer(int row)
 {
     if (row == 0)
         showNote(tr("Follow the instructions in the ostra App to transfer the report"));
+}
+
+void WinCanController::createReport()
+{
+    if (PDF) {
+        qInfo() << "A WinCan report is being made already";
+        return;
+    }
+    PDF = new exportPDF(this);
+    connect(PDF, &exportPDF::pdfresizeFinished, this, &WinCanController::finishResize);
+    PDF->createWinCanPDF(m_prj_directory);
 }

@@ -2,11 +2,10 @@
 
 #include "survey/surveycontroller.h"
 #include "survey/wincan/wincandata.h"
-#include "wccat.h"
 
 #include <QStringList>
 
-class DefectCodeChain;
+class WinCanChain;
 class QTimer;
 class exportPDF;
 
@@ -28,9 +27,6 @@ class WinCanController : public SurveyController
 public:
     static constexpr int kReportNoteMs = 2000;
 
-    // The rows of "Enter Pipe Serviceability", in their stored order.
-    static QStringList serviceabilityRows();
-
     static WinCanController *instance(QObject *parent = nullptr);
 
     int prepareDirectory() override;
@@ -49,6 +45,8 @@ public:
     // Asked by the survey manager when a recording starts and when Stop is pressed.
     void startUpQuestions();
     void stopQuestions();
+    // MSCC-3 records without start and end node questions.
+    static bool asksNodeQuestions();
 
 public slots:
     // Open: the status bar shows the section's nodes, direction and pipe; closed: it goes.
@@ -68,7 +66,6 @@ public slots:
     void showWaterLevel();
     void showContDefs();
     void closeAllContDefs();
-    void handleNotSupported();
 
     // Menu answers.
     void menuSelected(int row);
@@ -76,19 +73,10 @@ public slots:
     void menuObservation(int row);
     void menuEndSection(int row);
     void openWCProject(int row);
-    void menuCatagories(int row);
-    void menuBasecodes(int row);
-    void menuCharExt1(int row);
-    void menuCharExt2(int row);
-    void menuStartUpExt2(int row);
-    void menuStopExt2(int row);
-    void stopDialogue(int row);
-    void serviceabilityDialogue(int row);
     void menuReportTransfer(int row);
     void openWinCanMenu(int answer);
 
 signals:
-    void closeMessageBox();
     void winCanResizeFinished();
     // The forms belong to the screen controller, which takes these.
     void selectWCProjectInfoScreen();
@@ -107,25 +95,13 @@ private:
     friend class Singleton<WinCanController>;
     explicit WinCanController(QObject *parent);
 
-    void showCatagories();
-    void showBasecodes();
-    void showCharExt1();
-    void showCharExt2();
-    void showQuestions(const QString &code, int defCode);
-    void showStartNode();
-    void showStopNode();
-    // The start or finish node extension of the catalogue in use, reached
-    // through the tree fields; null when the catalogue has none.
-    WCCatCharExt *nodeLayout(bool atStop);
-    // MSCC-3 records without start and end node questions.
-    static bool asksNodeQuestions();
+    // The section's questions, on the current screen.
+    WinCanChain *chain();
     QString mapRow() const;
     QStringList statusItems();
+    void createReport();
+    void offerReportTransfer();
 
-    WCCatCodeClass *m_class = nullptr;
-    WCCatBaseCode *m_basecode = nullptr;
-    WCCatCharExt *m_charext1 = nullptr;
-    WCCatCharExt *m_charext2 = nullptr;
     WinCanData m_surveyData;
     QString m_section_name = QStringLiteral("not-set");
     QString m_wc_path;
@@ -133,6 +109,7 @@ private:
     exportPDF *PDF = nullptr;
     QTimer *m_timer = nullptr;
     QString inputReportPath;
-    // Codes typed by letter, the water level and the continuous defects.
-    DefectCodeChain *m_chain = nullptr;
+    // The catalogue tree, codes typed by letter, the node questions and the
+    // continuous defects.
+    WinCanChain *m_chain = nullptr;
 };
