@@ -1,164 +1,19 @@
-#include "core/consolesettings.h"
-#include "core/uikeys.h"
-#include "storage/externalstorage.h"
 #include "support/boxanswer.h"
-#include "support/fakevideoscreen.h"
-#include "support/testunit.h"
-#include "survey/forms/wcprojectinfov4.h"
-#include "survey/forms/wcsectioninfopage2.h"
-#include "survey/forms/wcsectioninfov4.h"
-#include "survey/surveydata.h"
-#include "survey/surveymanager.h"
-#include "survey/wincan/wccataloguemanager.h"
-#include "survey/wincan/wincancontroller.h"
-#include "widgets/consolestyle.h"
-#include "widgets/graphics.h"
-#include "widgets/p_combobox.h"
-#include "widgets/p_lineedit.h"
+#include "wcformrig.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QLabel>
-#include <QSettings>
-#include <QStackedWidget>
-#include <QtTest>
 
-using Spec = WCCatalogueManager::Specification;
-Q_DECLARE_METATYPE(Spec)
-
-// The three WinCan information forms on a page stack of their own, shown as the
-// main window shows a page (the page first, then its initialise()), with the
-// WinCan flow, the survey data in the unit's settings file and a USB stick to
-// save projects to.
-class TestWCForms : public QObject
+// The WinCan information forms driven by keys: their fields and lists for each
+// coding specification, what they accept, what they store where, and where each
+// key leads.
+class TestWCForms : public WCFormRig
 {
     Q_OBJECT
-    TestUnit m_unit;
-    FakeVideoScreen m_screen;
-    QWidget m_window;
-    QStackedWidget *m_stack = nullptr;
-    QWidget *m_video = nullptr;
-    WCProjectInfoV4 *m_project = nullptr;
-    WCSectionInfoV4 *m_section = nullptr;
-    wcsectioninfopage2 *m_page2 = nullptr;
-    QString m_device;
-
-    void show(QWidget *page)
-    {
-        QApplication::setActiveWindow(&m_window);
-        m_stack->setCurrentWidget(page);
-        if (auto *form = qobject_cast<BaseInfo *>(page))
-            form->initialise();
-        if (!page->isAncestorOf(QApplication::focusWidget()))
-            page->setFocus();
-    }
-    QWidget *current() const { return m_stack->currentWidget(); }
-    static SurveyData *data() { return SurveyManager::instance()->getSurveyData(); }
-    QWidget *focus()
-    {
-        QApplication::setActiveWindow(&m_window);
-        return QApplication::focusWidget();
-    }
-    void key(int code) { QTest::keyClick(focus(), Qt::Key(code)); }
-    void type(const QString &text)
-    {
-        for (const QChar c : text) {
-            if (c.unicode() < 128)
-                QTest::keyClick(focus(), c.toLatin1());
-            else
-                QTest::sendKeyEvent(QTest::Click, focus(), Qt::Key_unknown, QString(c), Qt::NoModifier);
-        }
-    }
-    template <typename Field>
-    static Field *field(QWidget *form, const QString &tag)
-    {
-        for (Field *candidate : form->findChildren<Field *>()) {
-            if (candidate->tag() == tag)
-                return candidate;
-        }
-        return nullptr;
-    }
-    static QStringList tagsOf(QWidget *form)
-    {
-        QStringList tags;
-        for (P_LineEdit *edit : form->findChildren<P_LineEdit *>())
-            tags << edit->tag();
-        for (P_ComboBox *box : form->findChildren<P_ComboBox *>())
-            tags << box->tag();
-        tags.removeAll(QString());
-        tags.sort();
-        return tags;
-    }
-    QString focusedTag()
-    {
-        if (auto *edit = qobject_cast<P_LineEdit *>(focus()))
-            return edit->tag();
-        if (auto *box = qobject_cast<P_ComboBox *>(focus()))
-            return box->tag();
-        return QString();
-    }
-    // What the unit's settings file holds, read from the disk.
-    QString stored(const QString &key) const
-    {
-        QSettings file(m_unit.path(QStringLiteral("/home/pi/.config/Corvane/Ductline.conf")), QSettings::IniFormat);
-        return file.value(key).toString();
-    }
-    static void setSpecification(Spec specification)
-    {
-        WCCatalogueManager::instance()->setSpecification(specification);
-    }
-    QWidget *formNamed(const QString &name) const
-    {
-        if (name == QLatin1String("project"))
-            return m_project;
-        return name == QLatin1String("section") ? static_cast<QWidget *>(m_section) : m_page2;
-    }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_unit.isValid());
-        initialiseGraphics();
-        ConsoleStyle::apply(*qApp);
-        SurveyManager::instance(&m_screen)->setType(SurveyManager::kSurveyType_WINCAN);
-        WinCanController::instance()->setVideoScreen(&m_screen);
-        m_device = m_unit.path(QStringLiteral("/media/usb1"));
-        QDir().mkpath(m_device);
-        ExternalStorage::instance()->handle_mount(QStringLiteral("USB1"), m_device);
-        ExternalStorage::instance()->update();
-
-        m_stack = new QStackedWidget(&m_window);
-        m_video = new QWidget(m_stack);
-        m_project = new WCProjectInfoV4(m_stack);
-        m_section = new WCSectionInfoV4(m_stack);
-        m_page2 = new wcsectioninfopage2(m_stack);
-        for (QWidget *page : {m_video, static_cast<QWidget *>(m_project), static_cast<QWidget *>(m_section),
-                              static_cast<QWidget *>(m_page2)})
-            m_stack->addWidget(page);
-        for (BaseInfo *form : {static_cast<BaseInfo *>(m_project), static_cast<BaseInfo *>(m_section),
-                               static_cast<BaseInfo *>(m_page2)}) {
-            connect(form, &BaseInfo::selectVideoScreen, this, [this] { show(m_video); });
-            connect(form, &BaseInfo::selectWCSectionInfoScreen, this, [this] { show(m_section); });
-            connect(form, &BaseInfo::selectWCSectionInfoScreen2, this, [this] { show(m_page2); });
-        }
-        // The flow asks for the section form once the project is made.
-        connect(WinCanController::instance(), &WinCanController::selectWCSectionInfoScreen, this,
-                [this] { show(m_section); });
-        m_window.setGeometry(0, 0, 800, 600);
-        m_stack->setGeometry(m_window.rect());
-        m_window.show();
-        QApplication::setActiveWindow(&m_window);
-        QVERIFY(QTest::qWaitForWindowActive(&m_window));
-    }
-
-    void init()
-    {
-        // Leaving the project form leaves the mode, and with it the WinCan data.
-        SurveyManager::instance()->setType(SurveyManager::kSurveyType_WINCAN);
-        setSpecification(WCCatalogueManager::kWCCat_MSCC_5);
-        data()->clear();
-        show(m_video);
-    }
+    void initTestCase() { QVERIFY(start()); }
+    void init() { reset(); }
 
     // The first test: a catalogue stays open once a form has opened it.
     void catalogueLine_data()
@@ -321,6 +176,29 @@ private slots:
         QVERIFY(shape->findText("Rectangular With Small Channel (RSC)") > 0);
     }
 
+    void sizeUnitInTheLabel_data()
+    {
+        QTest::addColumn<bool>("imperial");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("metric") << false << "Size (mm)";
+        QTest::newRow("imperial") << true << "Size (inch)";
+    }
+    void sizeUnitInTheLabel()
+    {
+        QFETCH(bool, imperial);
+        QFETCH(QString, label);
+        ConsoleSettings().setValue("Coiler/Imperial", imperial);
+        show(m_section);
+        ConsoleSettings().setValue("Coiler/Imperial", false);
+        P_LineEdit *size = field<P_LineEdit>(m_section, "PCDPipeDimension1");
+        QStringList labels;
+        for (QLabel *candidate : m_section->findChildren<QLabel *>()) {
+            if (candidate->buddy() == size)
+                labels << candidate->text();
+        }
+        QCOMPARE(labels, QStringList{label});
+    }
+
     // A list rebuilt for another specification still shows the stored row.
     void listRebuiltKeepsTheStoredRow()
     {
@@ -431,22 +309,6 @@ private slots:
             QVERIFY2(QTime::fromString(result, mode == 0 ? "hh:mm" : "hh:mm AP").isValid(), qPrintable(result));
     }
 
-    void decimals_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("decimal");
-        QTest::newRow("trailing point") << "12." << "12.0";
-        QTest::newRow("leading point") << ".5" << "0.5";
-        QTest::newRow("whole") << "1.25" << "1.25";
-        QTest::newRow("empty stays") << "" << "";
-    }
-    void decimals()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, decimal);
-        QCOMPARE(BaseInfo::completeDecimal(text), decimal);
-    }
-
     // Typed on the keypad and saved by the page key, as the operator does.
     void maskedNumbers_data()
     {
@@ -488,8 +350,10 @@ private slots:
     void projectSavedAndMade()
     {
         WinCanController *wincan = WinCanController::instance();
-        wincan->setEnabled(true);
-        show(m_project);
+        // "New Project" from the mode menu of a basic survey: the form comes before the mode changes.
+        SurveyManager::instance()->setType(SurveyManager::kSurveyType_BASIC);
+        wincan->menuSelected(1);
+        QCOMPARE(current(), static_cast<QWidget *>(m_project));
         type(QStringLiteral("Mill_Lane"));
         key(Qt::Key_Down);
         QCOMPARE(focusedTag(), QStringLiteral("WCProjectDate"));
@@ -497,9 +361,11 @@ private slots:
         qobject_cast<QLineEdit *>(focus())->setText(QStringLiteral("2026/11/02"));
         key(Qt::Key_Down);
         type(QStringLiteral("J-42"));
-        BoxAnswer none({Qt::Key_Escape});
-        key(Ui::Key_WinCan);
-        QVERIFY(!none.shown);
+        {
+            BoxAnswer none({Qt::Key_Escape});
+            key(Ui::Key_WinCan);
+            QVERIFY(!none.shown);
+        }
 
         QCOMPARE(stored("WinCanData/WCProject"), QStringLiteral("Mill_Lane"));
         QCOMPARE(stored("WinCanData/WCProjectDate"), QStringLiteral("2026-11-02"));
@@ -512,6 +378,16 @@ private slots:
         QCOMPARE(projectFile.value("Project/cdname").toString(), QStringLiteral("Mill_Lane"));
         QCOMPARE(projectFile.value("Project/ID").toString(), QStringLiteral("J-42"));
         QCOMPARE(current(), static_cast<QWidget *>(m_section));
+
+        // Escape there leaves the section closed: Record refuses.
+        key(Qt::Key_Escape);
+        QCOMPARE(current(), m_video);
+        QTRY_VERIFY(ExternalStorage::instance()->getMinsRemaining() >= SurveyManager::kMinimumRecordMinutes);
+        BoxAnswer refused({Qt::Key_Return});
+        SurveyManager::instance()->handleAction(SurveyManager::kActionRecord, 0);
+        QVERIFY(refused.shown);
+        QCOMPARE(refused.question, QStringLiteral("Section Information Not Completed"));
+        QVERIFY(!m_screen.calls.contains(QStringLiteral("createNewSurveyText")));
         wincan->setEnabled(false);
     }
 
@@ -667,6 +543,7 @@ private slots:
         QCOMPARE(exits.count(), leavesTheMode ? 1 : 0);
         wincan->setEnabled(false);
     }
+
 };
 
 QTEST_MAIN(TestWCForms)

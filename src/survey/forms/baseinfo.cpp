@@ -11,6 +11,7 @@
 #include "widgets/hbimessagebox.h"
 #include "widgets/p_combobox.h"
 #include "widgets/p_lineedit.h"
+#include "widgets/wrappingrowdelegate.h"
 
 #include <QAbstractItemView>
 #include <QDateTime>
@@ -19,6 +20,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -27,6 +29,10 @@ const QString kTimeTag = QStringLiteral("Time");
 const QString kDateTag = QStringLiteral("Date");
 const QSize kKeyPictureSize(64, 40);
 constexpr int kComboMinimumCharacters = 12;
+// The console's screen; an open list never reaches past it.
+constexpr int kScreenWidth = 800;
+// A row's padding on both sides, the list's frame and its scroll bar.
+constexpr int kRowPaddingFrameAndScrollBar = 2 * 13 + 2 * 3 + 22;
 } // namespace
 
 BaseInfo::BaseInfo(QWidget *parent) : PipeScreen(parent) {}
@@ -36,8 +42,10 @@ void BaseInfo::initialise()
     connect(this, &BaseInfo::send, surveyData(), &SurveyData::set, Qt::UniqueConnection);
 }
 
-SurveyData *BaseInfo::surveyData()
+SurveyData *BaseInfo::surveyData() const
 {
+    if (m_winCanData)
+        return WinCanController::instance()->surveyData();
     return SurveyManager::instance()->getSurveyData();
 }
 
@@ -328,8 +336,19 @@ void BaseInfo::setRows(P_ComboBox *box, const QStringList &rows)
 {
     box->clear();
     box->addItems(rows);
-    // Long rows must be read whole in the open list even where the closed box is narrow.
-    box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 40);
+    // Long rows must be read whole in the open list even where the closed box is
+    // narrow; a row wider than the screen goes on two lines.
+    auto *list = qobject_cast<QListView *>(box->view());
+    int widest = 0;
+    for (const QString &row : rows)
+        widest = qMax(widest, box->fontMetrics().horizontalAdvance(row));
+    const int wanted = widest + kRowPaddingFrameAndScrollBar;
+    if (wanted > kScreenWidth && list && !qobject_cast<WrappingRowDelegate *>(box->itemDelegate())) {
+        list->setWordWrap(true);
+        list->setUniformItemSizes(false);
+        box->setItemDelegate(new WrappingRowDelegate(list));
+    }
+    list->setMinimumWidth(qMin(wanted, kScreenWidth));
 }
 
 void BaseInfo::validateDateField(P_LineEdit *date)

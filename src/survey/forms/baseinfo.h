@@ -79,7 +79,10 @@ protected:
 
     // The black-on-yellow question before a form is saved; true on "Yes".
     bool confirmSave(const QString &title, const QString &question);
-    static SurveyData *surveyData();
+    // The WinCan forms are shown before the WinCan survey is the current one
+    // (a new project's form comes first), so they name their store themselves.
+    void keepWinCanData() { m_winCanData = true; }
+    SurveyData *surveyData() const;
     static int readClockMode();
 
     // The section forms' date, time and size fields: masks that keep the keypad's
@@ -113,4 +116,7 @@ protected:
 
     // The clock setting read when the form was last shown.
     int clockmode = 0;
+
+private:
+    bool m_winCanData = false;
 };

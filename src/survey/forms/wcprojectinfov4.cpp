@@ -31,6 +31,7 @@ QString specificationName(WCCatalogueManager::Specification specification)
 
 WCProjectInfoV4::WCProjectInfoV4(QWidget *parent) : BaseInfo(parent)
 {
+    keepWinCanData();
     QFormLayout *fields = addColumn(buildFrame(tr("WinCan Project Information"),
                                                QStringLiteral(":/graphics/wincan_logo.png"),
                                                tr("key to save, ESC to exit")));

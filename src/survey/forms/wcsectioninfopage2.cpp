@@ -15,6 +15,7 @@ const QString kLengthMask = QStringLiteral("00009.90");
 
 wcsectioninfopage2::wcsectioninfopage2(QWidget *parent) : BaseInfo(parent)
 {
+    keepWinCanData();
     QVBoxLayout *body = buildFrame(tr("WinCan Additional Section Information"),
                                    QStringLiteral(":/graphics/wincan_logo.png"),
                                    tr("key to save, ESC to exit, Page Up - previous, Page Down - next"));

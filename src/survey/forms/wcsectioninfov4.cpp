@@ -18,6 +18,7 @@ const QString kDepthMask = QStringLiteral("00009.90");
 
 WCSectionInfoV4::WCSectionInfoV4(QWidget *parent) : BaseInfo(parent)
 {
+    keepWinCanData();
     QVBoxLayout *body = buildFrame(tr("WinCan Section Information"), QStringLiteral(":/graphics/wincan_logo.png"),
                                    tr("key to save, ESC to exit, Page Up - previous, Page Down - next"));
     auto *columns = new QHBoxLayout;
