@@ -35,7 +35,8 @@ private slots:
         setSpecification(specification);
         data()->set("PIDOperator", "Alexandra Jones");
         data()->set("PCDStartStreetName", "Mill Lane");
-        data()->set("PCDStartDepth", "1234.56");
+        data()->set("PCDStartDepth", "1.5");
+        data()->set("PCDEndDepth", "0.0");
         data()->set("PIDPurpose", WCFormLists::purposes(specification).value(1));
         data()->set("PCDLiningType", "Lining Inserted During Manufacture (M)");
         QWidget *page = formNamed(form);

@@ -408,6 +408,9 @@ private slots:
         QCOMPARE(current(), static_cast<QWidget *>(m_page2));
         QCOMPARE(stored("WinCanData/PCDStartNode"), QStringLiteral("MH1"));
         QCOMPARE(stored("WinCanData/PIDOperator"), QStringLiteral("A. Jones"));
+        // The depth shows against its point and is stored without the blanks in front.
+        QCOMPARE(field<P_LineEdit>(m_section, "PCDStartDepth")->displayText(), QStringLiteral("    0.0 "));
+        QCOMPARE(stored("WinCanData/PCDStartDepth"), QStringLiteral("0.0"));
         QVERIFY(QTime::fromString(stored("WinCanData/PIDTime"), "hh:mm").isValid());
         QCOMPARE(focusedTag(), QStringLiteral("PCDDrainArea"));
         type(QStringLiteral("North"));

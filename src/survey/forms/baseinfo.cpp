@@ -106,7 +106,7 @@ void BaseInfo::fillFromSurveyData()
         else if (tag == kDateTag)
             edit->setText(formatDate("dd/MM/yyyy"));
         else if (!tag.isEmpty())
-            edit->setText(data->get(tag));
+            setFieldText(edit, data->get(tag));
     }
     for (P_ComboBox *box : findChildren<P_ComboBox *>()) {
         if (box->tag().isEmpty())
@@ -359,7 +359,19 @@ void BaseInfo::validateDateField(P_LineEdit *date)
 void BaseInfo::completeDecimals(const QList<P_LineEdit *> &fields)
 {
     for (P_LineEdit *field : fields)
-        field->setText(completeDecimal(field->text()));
+        setFieldText(field, completeDecimal(field->text()));
+}
+
+// A masked decimal fills its digits from the left, so "1.5" would show as
+// "1    .5"; blanks in front keep the number against its point.
+void BaseInfo::setFieldText(P_LineEdit *field, const QString &text)
+{
+    const int maskPoint = field->inputMask().indexOf(QLatin1Char('.'));
+    const int point = text.indexOf(QLatin1Char('.'));
+    if (maskPoint > 0 && point >= 0 && point < maskPoint)
+        field->setText(QString(maskPoint - point, QLatin1Char(' ')) + text);
+    else
+        field->setText(text);
 }
 
 QLabel *BaseInfo::labelOf(QWidget *field) const

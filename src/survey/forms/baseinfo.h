@@ -95,6 +95,7 @@ protected:
     void fillFromSurveyData();
     void validateDateField(P_LineEdit *date);
     void completeDecimals(const QList<P_LineEdit *> &fields);
+    static void setFieldText(P_LineEdit *field, const QString &text);
 
     static void maskRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size);
     // The size's label names the unit: the metric one, or inchLabel.
