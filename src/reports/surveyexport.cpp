@@ -4,6 +4,7 @@
 
 #include <QDebug>
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QSettings>
 #include <utility>
@@ -92,6 +93,11 @@ QString SurveyExport::xmlText(QString text)
 void SurveyExport::clearCache()
 {
     const QString script = clearCacheScript();
+    // A unit without the script has no cache to clear; a shell that fails to find it says less than this.
+    if (!QFile::exists(script)) {
+        qWarning() << "No cache script at" << script;
+        return;
+    }
     if (!QProcess::startDetached(QStringLiteral("/bin/sh"), {script}))
         qWarning() << "Could not start" << script;
 }
