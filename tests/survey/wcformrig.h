@@ -23,7 +23,6 @@
 #include <QtTest>
 
 using Spec = WCCatalogueManager::Specification;
-Q_DECLARE_METATYPE(Spec)
 
 // What the WinCan form tests share: the three forms on a page stack of their
 // own, shown as the main window shows a page (the page first, then its

@@ -348,7 +348,7 @@ void BaseInfo::setRows(P_ComboBox *box, const QStringList &rows)
         list->setUniformItemSizes(false);
         box->setItemDelegate(new WrappingRowDelegate(list));
     }
-    list->setMinimumWidth(qMin(wanted, kScreenWidth));
+    box->view()->setMinimumWidth(qMin(wanted, kScreenWidth));
 }
 
 void BaseInfo::validateDateField(P_LineEdit *date)

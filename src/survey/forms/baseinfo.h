@@ -41,7 +41,7 @@ public:
     static QString dateOrToday(QString text);
     // A time that does not parse by the clock setting is the time now.
     static QString timeOrNow(const QString &text, int mode);
-    // "12." is "12.0" and ".5" is "0.5": the exchange file wants whole numbers.
+    // "12." is "12.0" and ".5" is "0.5": the exchange file wants a digit each side of the point.
     static QString completeDecimal(QString text);
 
 public slots:
@@ -85,9 +85,6 @@ protected:
     SurveyData *surveyData() const;
     static int readClockMode();
 
-    // The section forms' date, time and size fields: masks that keep the keypad's
-    // input in shape, and on every showing today's date, the time by the clock
-    // setting and the size's unit by the counter's units.
     // Rows of a list that changes with the coding specification; the row shown
     // is taken again from the survey data by the next fillFromSurveyData().
     static void setRows(P_ComboBox *box, const QStringList &rows);
@@ -97,6 +94,9 @@ protected:
     void completeDecimals(const QList<P_LineEdit *> &fields);
     static void setFieldText(P_LineEdit *field, const QString &text);
 
+    // The section forms' date, time and size fields: masks that keep the keypad's
+    // input in shape, and on every showing today's date, the time by the clock
+    // setting and the size's unit by the counter's units.
     static void maskRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size);
     // The size's label names the unit: the metric one, or inchLabel.
     void stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size, const QString &inchLabel);
