@@ -46,6 +46,7 @@ struct Setup {
     QString project;
     QString langDir;
     QStringList frame;
+    unsigned long readThrough = 0;
 };
 
 Setup &setup()
@@ -66,6 +67,7 @@ void fillOnce(const uint8_t *data, size_t size)
     buffer.open(QIODevice::ReadOnly);
     if (!filler.read(&buffer, QStringLiteral("fuzz.xml")))
         return;
+    ++s.readThrough;
     if (filler.jobs().size() != filler.sectionCount() || filler.pipeInfo().size() != filler.jobs().size()) {
         std::fprintf(stderr, "%d sections gave %d jobs and %d information lists\n", filler.sectionCount(),
                      int(filler.jobs().size()), int(filler.pipeInfo().size()));
@@ -197,7 +199,8 @@ int main(int argc, char **argv)
             std::fflush(stdout);
         }
     }
-    std::printf("filled %lu inputs (%lu bytes, seed %lu) without a finding\n", runs, bytes, seed);
+    std::printf("filled %lu inputs (%lu bytes, seed %lu, %lu read through to the end) without a finding\n", runs, bytes,
+                seed, setup().readThrough);
     return 0;
 }
 #endif
