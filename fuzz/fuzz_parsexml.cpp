@@ -1,8 +1,8 @@
 // Feeds the WinCan report's filler with arbitrary exchange XML through the
 // unit kit's own WinCan templates. Whatever the input, the filler must come back
 // without a fault; a file read through must leave one job and one information
-// list per section and no page unnumbered. Without libFuzzer, main() makes the
-// inputs itself: a hand-written exchange file, mutated from a fixed seed.
+// list per section and no page unnumbered. Without libFuzzer, the shared driver
+// makes the inputs: a hand-written exchange file, edited from a fixed seed.
 
 #include "reports/reporttemplate.h"
 #include "reports/wincanreport.h"
@@ -11,10 +11,10 @@
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <random>
 #include <string>
 
 #ifndef DUCTLINE_TEMPLATE_DIR
@@ -87,6 +87,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 }
 
 #ifndef DUCTLINE_LIBFUZZER
+#include "randomdriver.h"
+
 namespace {
 const char kSeed[] = R"(<?xml version="1.0"?>
 <exportdata distanceunit="meter" cnameprefix="lanthorn">
@@ -137,6 +139,7 @@ const char kSeed[] = R"(<?xml version="1.0"?>
 </exportdata>
 )";
 
+// Whole pieces of the exchange file's grammar, and values its readers must survive.
 const char *const kTokens[] = {
     "<section>", "</section>", "<sectioninspection>", "</sectioninspection>", "<sectionobservation>",
     "</sectionobservation>", "<poddistance>nan</poddistance>", "<poddistance>1e39</poddistance>",
@@ -145,33 +148,24 @@ const char *const kTokens[] = {
     "<![CDATA[<section>]]>", "<!-- c -->", "<?pi x?>", "<!DOCTYPE x [<!ENTITY e \"<section>\">]>", "&e;",
     "<exportdata>", "</exportdata>", "<podcode/>", "<PCDPipeLength>-inf</PCDPipeLength>", "\xff\xfe",
 };
+const char kAlphabet[] = "<>/&;=\"' \n\\0123456789.emft-!?[]";
+constexpr size_t kLongestInput = 16384;
 
-void mutate(std::mt19937 &rng, std::string &s)
+void editStructure(std::mt19937 &rng, std::string &s)
 {
     const size_t pos = s.empty() ? 0 : rng() % s.size();
-    switch (rng() % 6) {
+    switch (rng() % 3) {
     case 0:
-        if (!s.empty())
-            s[pos] = char(rng() % 256);
+        s.insert(pos, fuzzdriver::pick(rng, kTokens));
         break;
-    case 1:
-        s.insert(pos, kTokens[rng() % (sizeof kTokens / sizeof *kTokens)]);
-        break;
-    case 2:
-        if (!s.empty())
-            s.erase(pos, rng() % 40);
-        break;
-    case 3: {
-        // A whole block again, as a repeated section or observation would be.
+    case 1: {
+        // A block again, as a repeated section or observation would be.
         const size_t from = rng() % (s.size() + 1);
         const size_t length = std::min<size_t>(rng() % 600, s.size() - from);
-        if (s.size() < 16384)
+        if (s.size() < kLongestInput)
             s.insert(pos, s.substr(from, length));
         break;
     }
-    case 4:
-        s.resize(pos);
-        break;
     default: {
         const size_t end = s.find('>', pos);
         if (end != std::string::npos)
@@ -180,27 +174,24 @@ void mutate(std::mt19937 &rng, std::string &s)
     }
     }
 }
+
+std::string makeInput(std::mt19937 &rng)
+{
+    std::string input(kSeed);
+    for (int e = int(rng() % 8); e > 0; --e) {
+        if (rng() % 2)
+            editStructure(rng, input);
+        else
+            fuzzdriver::edit(rng, input, kAlphabet, 40);
+    }
+    return input;
 }
+} // namespace
 
 int main(int argc, char **argv)
 {
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 100000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20261123UL;
-    std::mt19937 rng(seed);
-    unsigned long bytes = 0;
-    for (unsigned long i = 0; i < runs; ++i) {
-        std::string input(kSeed);
-        for (int e = int(rng() % 8); e > 0; --e)
-            mutate(rng, input);
-        bytes += input.size();
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-        if ((i + 1) % 100000 == 0) {
-            std::printf("%lu inputs so far\n", i + 1);
-            std::fflush(stdout);
-        }
-    }
-    std::printf("filled %lu inputs (%lu bytes, seed %lu, %lu read through to the end) without a finding\n", runs, bytes,
-                seed, setup().readThrough);
-    return 0;
+    const int result = fuzzdriver::run(argc, argv, 100000UL, 20261123UL, "exchange files filled", makeInput);
+    std::printf("%lu of them read through to the end\n", setup().readThrough);
+    return result;
 }
 #endif
