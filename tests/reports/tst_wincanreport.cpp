@@ -258,25 +258,30 @@ void TestWinCanReport::observationsAreMadeRegular()
 
 void TestWinCanReport::profilesAreCountedOnce_data()
 {
+    QTest::addColumn<QString>("unit");
     QTest::addColumn<QString>("secondShape");
     QTest::addColumn<bool>("secondInspected");
     QTest::addColumn<QStringList>("rows");
-    QTest::newRow("two sections of one profile") << "C" << true
+    QTest::newRow("two sections of one profile") << "m" << "C" << true
         << QStringList{"<tr><td>Circular  150mm</td><td>2</td><td>25.0 m</td></tr>",
                        "<tr><td>Circular  150mm</td><td>2</td><td>7 m</td></tr>"};
-    QTest::newRow("two profiles") << "E" << true
+    QTest::newRow("sizes in inches on an imperial unit") << "ft" << "C" << true
+        << QStringList{"<tr><td>Circular  150inch</td><td>2</td><td>25.0 ft</td></tr>",
+                       "<tr><td>Circular  150inch</td><td>2</td><td>7 ft</td></tr>"};
+    QTest::newRow("two profiles") << "m" << "E" << true
         << QStringList{"<tr><td>Circular  150mm</td><td>1</td><td>10.0 m</td></tr>",
                        "<tr><td>Egg-Shaped  150mm</td><td>1</td><td>15.0 m</td></tr>",
                        "<tr><td>Circular  150mm</td><td>1</td><td>3 m</td></tr>",
                        "<tr><td>Egg-Shaped  150mm</td><td>1</td><td>4 m</td></tr>"};
     // A profile no inspection reached has its rows left empty.
-    QTest::newRow("profile without an inspection") << "E" << false
+    QTest::newRow("profile without an inspection") << "m" << "E" << false
         << QStringList{"<tr><td>Circular  150mm</td><td>1</td><td>10.0 m</td></tr>", "<tr><td></td><td></td><td> m</td></tr>",
                        "<tr><td>Circular  150mm</td><td>1</td><td>3 m</td></tr>", "<tr><td></td><td></td><td> m</td></tr>"};
 }
 
 void TestWinCanReport::profilesAreCountedOnce()
 {
+    QFETCH(QString, unit);
     QFETCH(QString, secondShape);
     QFETCH(bool, secondInspected);
     QFETCH(QStringList, rows);
@@ -287,7 +292,7 @@ void TestWinCanReport::profilesAreCountedOnce()
                                        QStringLiteral("15"), ExchangeXml::observations(4));
     ExchangeXml::setField(&x.sections[1].pcd, QStringLiteral("PCDPipeShape"), secondShape);
     x.sections[1].inspected = secondInspected;
-    const Filled f = fill(x.xml());
+    const Filled f = fill(x.xml(), unit);
     QVERIFY(f.ok);
     QStringList found;
     for (const QString &line : f.html.split(QLatin1Char('\n'))) {
