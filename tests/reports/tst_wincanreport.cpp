@@ -2,11 +2,13 @@
 // WinCan templates, read back from the filled HTML and the jobs handed to the
 // pipe graphic. No converter runs here; tst_wincanpdf makes the PDF.
 #include "reports/exportpdf.h"
+#include "reports/miraculixexport.h"
 #include "reports/wincanconversions.h"
 #include "reports/wincandefectcounters.h"
 #include "reports/wincanreport.h"
 #include "support/exchangexml.h"
 #include "support/logcapture.h"
+#include "support/projecttree.h"
 #include "support/testunit.h"
 
 #include <QtTest>
@@ -81,6 +83,7 @@ private slots:
     void longDistancesAreNotCapped();
     void badExchangeFilesWarnAndStop_data();
     void badExchangeFilesWarnAndStop();
+    void readsWhatTheExchangeExportWrites();
 };
 
 void TestWinCanReport::conversions_data()
@@ -402,6 +405,39 @@ void TestWinCanReport::badExchangeFilesWarnAndStop()
     WinCanReport filler(&report, projectDir(), exportPDF::languageDir(), QStringLiteral("m"));
     QVERIFY(!filler.readFile(projectDir() + QStringLiteral("absent.xml")));
     QVERIFY(log.contains(QStringLiteral("Couldn't open xmlfile.xml to load settings for download")));
+}
+
+// The two ends of the exchange file meet: a WinCan project as the survey
+// leaves it, exported, then read into the report.
+void TestWinCanReport::readsWhatTheExchangeExportWrites()
+{
+    ProjectTree tree(ProjectTree::Mode::kWinCan);
+    tree.setProject({{"ID", "P-17"}, {"cdname", "Oak Road"}, {"cddate", "23/11/2026"}, {"catalogbase", "MSCC-5"}});
+    tree.addSection("20261123-101500",
+                    {{"PCDStartNode", "MH1"}, {"PCDEndNode", "MH2"}, {"PIDDirection", "Upstream (U)"},
+                     {"PCDPipeDimension1", "225"}, {"PCDPipeShape", "Egg (E)"}, {"PCDPipeLength", "18.5"},
+                     {"PCDPipeMaterial", "Clay (VC)"}, {"PIDOperator", "Jo Bloggs"}},
+                    {"0.00m, JPEG, Snap0001.jpg, (@1000)", "2.40m, CODE, DES, (@4000)", "2.40m, TEXT, Settled deposits, (@4000)",
+                     "2.40m, CDEF, S1, (@4000)", "2.40m, REMS, 10%, (@4000)", "2.40m, END, , (@4000)",
+                     "7.20m, CODE, DES, (@9000)", "7.20m, CDEF, F1, (@9000)", "7.20m, END, , (@9000)"});
+    QVERIFY(MiraculIXExport(tree.path(), QString()).startExport());
+    ReportTemplate report;
+    report.load(exportPDF::languageDir() + QStringLiteral("WinCanPDFtemplate.txt"));
+    WinCanReport filler(&report, tree.path(), exportPDF::languageDir(), QStringLiteral("m"));
+    QVERIFY(filler.readFile(tree.path() + QStringLiteral("Oak_Road.xml")));
+    const QString html = report.lines().join(QLatin1Char('\n'));
+    QCOMPARE(filler.jobs().size(), 1);
+    QCOMPARE(filler.jobs().at(0),
+             (QVector<QStringList>{{"0.00", "GP", "N", "General photograph taken at this point",
+                                    tree.path() + "20261123-101500/Snap0001.jpg", " "},
+                                   {"2.40", "DES", "S1", "Settled deposits", " ", "10%"},
+                                   {"7.20", "DES", "F1", "", " ", ""}}));
+    QCOMPARE(filler.pipeInfo().value(0), (QStringList{"MH1", "(U)", "MH2", " ", " "}));
+    for (const QString &expected : {QStringLiteral("<td>Egg-Shaped  225mm</td><td>1</td><td>18.5 m</td>"),
+                                    QStringLiteral("Upstream node</td><td>MH2</td>"),
+                                    QStringLiteral("<td>Jo Bloggs</td><td> Upstream</td><td>7.2</td><td>DES</td>"),
+                                    QStringLiteral("Section 1 &middot; 20261123-101500")})
+        QVERIFY2(html.contains(expected), qPrintable(expected));
 }
 
 QTEST_MAIN(TestWinCanReport)
