@@ -4,6 +4,7 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "core/messagehandler.h"
+#include "app/splashhandover.h"
 #include "app/splashpicture.h"
 #include "app/startuptimes.h"
 #include "core/unitpaths.h"
@@ -108,6 +109,7 @@ int main(int argc, char *argv[])
     disableSessionBusIfAbsent();
 
     QApplication app(argc, argv);
+    StartupTimes::mark("application made");
     initialiseGraphics();
     ConsoleStyle::apply(app);
     qInfo().noquote() << QStringLiteral("Starting Ductline ") + QLatin1String(kDuctlineVersion);
@@ -119,6 +121,7 @@ int main(int argc, char *argv[])
     QSplashScreen splash(QPixmap(splashPicture(language)));
     waitForBootImageToGo(bootImage);
     splash.show();
+    StartupTimes::mark("splash shown");
 
     QCoreApplication::setApplicationVersion(QString::fromLatin1(kDuctlineVersion));
     QCoreApplication::setApplicationName(QStringLiteral("Ductline"));
@@ -135,12 +138,15 @@ int main(int argc, char *argv[])
 
     const clock_t started = clock();
     auto *window = new MainWindow;
+    StartupTimes::mark("screens built");
     Controller::create(window, window);
+    StartupTimes::mark("controller built");
     centreWidgetOnScreen(*window);
     qInfo().noquote() << QStringLiteral("Main window being show after %1 seconds from App start")
                              .arg(double(clock() - started) / 1000000.0);
     window->show();
-    splash.finish(window);
+    StartupTimes::mark("window shown");
+    new SplashHandover(&splash, window);
     new StartupTimes(window);
     const int result = app.exec();
     delete window;
