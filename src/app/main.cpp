@@ -5,7 +5,7 @@
 #include "app/mainwindow.h"
 #include "core/messagehandler.h"
 #include "app/splashhandover.h"
-#include "app/splashpicture.h"
+#include "app/startupprefetch.h"
 #include "app/startuptimes.h"
 #include "core/unitpaths.h"
 #include "app/version.h"
@@ -43,8 +43,8 @@ void repairDisplayIfMissing()
 }
 
 // One list element on purpose: the boot-image viewer is stopped by the system's own sudo rules.
-// Started here and waited for only when the splash is about to draw, so reading the
-// settings and decoding the splash picture overlap with it.
+// Started here and waited for only when the splash is about to draw, so the splash
+// picture is made ready meanwhile.
 void startStoppingBootImage(QProcess &stop)
 {
     stop.start(QStringLiteral("sudo"), {QStringLiteral("killall fbi")});
@@ -107,6 +107,9 @@ int main(int argc, char *argv[])
     qInstallMessageHandler(MessageHandler);
     qputenv("QT_FONT_DPI", "64");
     disableSessionBusIfAbsent();
+    // Read before the display is there, so the picture is decoded meanwhile.
+    const QString language = ConsoleSettings::languageCode();
+    StartupPrefetch prefetch(language);
 
     QApplication app(argc, argv);
     StartupTimes::mark("application made");
@@ -117,8 +120,7 @@ int main(int argc, char *argv[])
     QProcess bootImage;
     startStoppingBootImage(bootImage);
 
-    const QString language = ConsoleSettings::languageCode();
-    QSplashScreen splash(QPixmap(splashPicture(language)));
+    QSplashScreen splash(prefetch.splash());
     waitForBootImageToGo(bootImage);
     splash.show();
     StartupTimes::mark("splash shown");
@@ -137,6 +139,7 @@ int main(int argc, char *argv[])
     }
 
     const clock_t started = clock();
+    prefetch.waitForGStreamer();
     auto *window = new MainWindow;
     StartupTimes::mark("screens built");
     Controller::create(window, window);
