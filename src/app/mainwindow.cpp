@@ -21,6 +21,9 @@
 #include "survey/forms/runinfo.h"
 #include "survey/forms/siteinfo.h"
 #include "survey/forms/wrcruninfo.h"
+#include "survey/forms/wcprojectinfov4.h"
+#include "survey/forms/wcsectioninfopage2.h"
+#include "survey/forms/wcsectioninfov4.h"
 #include "survey/forms/wrcsiteinfo.h"
 #include "survey/surveymanager.h"
 #include "video/video.h"
@@ -134,9 +137,12 @@ void MainWindow::buildPages()
     addPageOnDemand(QStringLiteral("Help Screen"), [this] { return m_help = new HelpScreen(m_stack); });
     addPageOnDemand(QStringLiteral("Site Info Screen"), [this] { return m_siteInfo = new SiteInfo(m_stack); });
     addPageOnDemand(QStringLiteral("Run Info Screen"), [this] { return m_runInfo = new RunInfo(m_stack); });
-    m_wcProjectInfo = addPlaceholderPage(QStringLiteral("WinCan Project Info Screen"));
-    m_wcSectionInfo = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen"));
-    m_wcSectionInfoPage2 = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen 2"));
+    addPageOnDemand(QStringLiteral("WinCan Project Info Screen"),
+                    [this] { return m_wcProjectInfo = new WCProjectInfoV4(m_stack); });
+    addPageOnDemand(QStringLiteral("WinCan Section Info Screen"),
+                    [this] { return m_wcSectionInfo = new WCSectionInfoV4(m_stack); });
+    addPageOnDemand(QStringLiteral("WinCan Section Info Screen 2"),
+                    [this] { return m_wcSectionInfoPage2 = new wcsectioninfopage2(m_stack); });
     addPageOnDemand(QStringLiteral("Engineers Note Screen"), [this] { return m_engNote = new engineersNotes(m_stack); });
     addPageOnDemand(QStringLiteral("WRC Site Info Screen"), [this] { return m_wrcSiteInfo = new wrcsiteinfo(m_stack); });
     addPageOnDemand(QStringLiteral("WRC Run Info Screen"), [this] { return m_wrcRunInfo = new wrcruninfo(m_stack); });
@@ -183,9 +189,11 @@ void MainWindow::connectFormsTo(Controller *controller)
 
 void MainWindow::connectPageTo(QWidget *page, Controller *controller)
 {
-    if (auto *form = qobject_cast<BaseInfo *>(page))
+    if (auto *form = qobject_cast<BaseInfo *>(page)) {
         connect(form, &BaseInfo::selectVideoScreen, controller, &Controller::selectVideoScreen);
-    else if (auto *notes = qobject_cast<engineersNotes *>(page))
+        connect(form, &BaseInfo::selectWCSectionInfoScreen, controller, &Controller::selectWCSectionInfoScreen);
+        connect(form, &BaseInfo::selectWCSectionInfoScreen2, controller, &Controller::selectWCSectionInfoScreen2);
+    } else if (auto *notes = qobject_cast<engineersNotes *>(page))
         connect(notes, &engineersNotes::selectVideoScreen, controller, &Controller::selectVideoScreen);
     else if (page == m_report && m_report)
         m_report->setController(controller);
@@ -207,7 +215,6 @@ Settings *MainWindow::settings()
     buildPageIfWanted(Controller::kScreenSettings);
     return m_settings;
 }
-
 
 int MainWindow::pageCount() const
 {
