@@ -11,7 +11,8 @@ class QWidget;
 // exposed by turning the event loop with 10 ms sleeps in between, which held the
 // start of the real event loop back by as long as the display took to map the
 // window; called at the first paint it returns at once, and the splash stays up
-// exactly as long.
+// exactly as long. A window that is never painted gets the splash taken down
+// after the second finish() would have waited.
 class SplashHandover : public QObject
 {
 public:
@@ -22,6 +23,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void handOver();
+
     QPointer<QSplashScreen> m_splash;
     QWidget *m_window;
 };
