@@ -168,6 +168,7 @@ private slots:
         QVERIFY(typeInto(fields.at(1), kUser));
         QVERIFY(typeInto(fields.at(2), kPassword));
         QVERIFY(downTo(page->findChild<P_PushButton *>()));
+        m_window->grab().save(TestUnit::artifactsDir("app") + "/cloud_settings.png");
         ModalSteps box;
         box.expect("HBIMessageBox", {Qt::Key_Return});
         m_keys->key(Qt::Key_Return);
