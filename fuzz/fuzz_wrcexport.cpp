@@ -12,10 +12,9 @@
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
+#include "randomdriver.h"
+
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <string>
 
 namespace {
@@ -102,64 +101,29 @@ const char *const kSectionSeeds[] = {
 };
 const char kAlphabet[] = "0123456789m,ft (@)-.e\r\n\t\xff\x80\x01<&>\"'";
 
-template <size_t N>
-const char *pick(std::mt19937 &rng, const char *const (&seeds)[N])
-{
-    return seeds[rng() % N];
-}
-
-void mutate(std::mt19937 &rng, std::string &s)
-{
-    const size_t pos = s.empty() ? 0 : rng() % s.size();
-    switch (rng() % 5) {
-    case 0:
-        if (!s.empty())
-            s[pos] = char(rng() % 256);
-        break;
-    case 1:
-        s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
-        break;
-    case 2:
-        if (!s.empty())
-            s.erase(pos, rng() % 8);
-        break;
-    case 3:
-        s.insert(pos, std::string(rng() % 200, kAlphabet[rng() % (sizeof kAlphabet - 1)]));
-        break;
-    default:
-        s.resize(pos);
-        break;
-    }
-}
-
 std::string makeInput(std::mt19937 &rng)
 {
     std::string input;
     if (rng() % 2) {
         for (int i = int(rng() % 6); i >= 0; --i)
-            input += std::string(pick(rng, kSectionSeeds)) + "\n";
+            input += std::string(fuzzdriver::pick(rng, kSectionSeeds)) + "\n";
         input += '\0';
     }
     for (int i = int(rng() % 16); i >= 0; --i)
-        input += std::string(pick(rng, kObservationSeeds)) + "\r\n";
-    for (int e = int(rng() % 6); e > 0; --e)
-        mutate(rng, input);
+        input += std::string(fuzzdriver::pick(rng, kObservationSeeds)) + "\r\n";
+    for (int e = int(rng() % 6); e > 0; --e) {
+        if (rng() % 5 == 0)
+            input.insert(input.empty() ? 0 : rng() % input.size(),
+                         std::string(rng() % 200, kAlphabet[rng() % (sizeof kAlphabet - 1)]));
+        else
+            fuzzdriver::edit(rng, input, kAlphabet);
+    }
     return input;
 }
-}
+} // namespace
 
 int main(int argc, char **argv)
 {
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 100000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20240101UL;
-    std::mt19937 rng(seed);
-    unsigned long bytes = 0;
-    for (unsigned long i = 0; i < runs; ++i) {
-        const std::string input = makeInput(rng);
-        bytes += input.size();
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-    }
-    std::printf("exported %lu inputs (%lu bytes, seed %lu) without a finding\n", runs, bytes, seed);
-    return 0;
+    return fuzzdriver::run(argc, argv, 100000UL, 20240101UL, "survey files exported", makeInput);
 }
 #endif

@@ -8,6 +8,7 @@
 #include "app/screenstack.h"
 #include "app/serviceabsent.h"
 #include "connectivity/wifi.h"
+#include "core/backgroundprocess.h"
 #include "core/consolesettings.h"
 #include "core/processcontroller.h"
 #include "core/singleton.h"
@@ -136,10 +137,10 @@ void Controller::applyApplicationStyle()
 void Controller::runVgaScript()
 {
     const bool external = ConsoleSettings().value(QStringLiteral("Display/External_Enabled")).toBool();
-    m_process = new QProcess(this);
-    m_process->start(QStringLiteral("/bin/sh"),
-                     {unitPath(QStringLiteral("/opt/hbi/bin/vga_set.sh")),
-                      external ? QStringLiteral("start") : QStringLiteral("stop")});
+    startInBackground(QStringLiteral("/bin/sh"),
+                      {unitPath(QStringLiteral("/opt/hbi/bin/vga_set.sh")),
+                       external ? QStringLiteral("start") : QStringLiteral("stop")},
+                      this);
     // Nothing here reads its answer, so the screens are built while it runs.
 }
 
