@@ -1,8 +1,10 @@
 #pragma once
 
-// A scratch unit root in memory for the cloud targets: the cloud index and the
-// settings file land in it, and log lines go nowhere.
+// What the cloud targets share: a scratch unit root in memory where the cloud
+// index and the settings file land (log lines go nowhere), the rule that the
+// index reads back as written, and how a finding ends the run.
 
+#include "randomdriver.h"
 #include "storage/cloudindex.h"
 
 #include <QCoreApplication>
@@ -10,6 +12,8 @@
 #include <QFile>
 #include <QSet>
 #include <QTemporaryDir>
+
+#include <cstdio>
 
 class CloudScratch
 {
@@ -54,3 +58,32 @@ private:
     QTemporaryDir m_root{QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm/fuzz-cloud-XXXXXX")
                                                                    : QDir::tempPath() + QStringLiteral("/fuzz-cloud-XXXXXX")};
 };
+
+namespace cloudfuzz {
+
+// Ends the run with the input that broke a rule, for a test to be made of it.
+inline void finding(const char *rule, const uint8_t *data, size_t size)
+{
+    std::fprintf(stderr, "finding: %s\ninput (%zu bytes):\n", rule, size);
+    std::fwrite(data, 1, size, stderr);
+    std::fputc('\n', stderr);
+    std::abort();
+}
+
+// A few of the target's seeds joined, then edited.
+template <size_t S, size_t A>
+std::string joinAndEdit(std::mt19937 &rng, const char *const (&seeds)[S], const char (&alphabet)[A])
+{
+    std::string s;
+    for (int i = int(rng() % 4); i >= 0; --i)
+        s += fuzzdriver::pick(rng, seeds);
+    for (int e = int(rng() % 8); e > 0; --e) {
+        if (rng() % 5 == 0)
+            s.insert(s.empty() ? 0 : rng() % s.size(), fuzzdriver::pick(rng, seeds));
+        else
+            fuzzdriver::edit(rng, s, alphabet, 16);
+    }
+    return s;
+}
+
+} // namespace cloudfuzz

@@ -3,7 +3,6 @@
 // what it shows. Without libFuzzer, main() damages real settings files.
 
 #include "cloudscratch.h"
-#include "seeddriver.h"
 #include "storage/cloudconfig.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
@@ -19,26 +18,31 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (!config.read())
         return 0;
     if (!config.write())
-        seeddriver::finding("settings that were read could not be written", data, size);
+        cloudfuzz::finding("settings that were read could not be written", data, size);
     CloudConfig again;
     if (!again.read())
-        seeddriver::finding("settings written are not readable", data, size);
+        cloudfuzz::finding("settings written are not readable", data, size);
     if (again.host != config.host || again.username != config.username || again.password != config.password)
-        seeddriver::finding("settings changed on their way through the file", data, size);
+        cloudfuzz::finding("settings changed on their way through the file", data, size);
     return 0;
 }
 
 #ifndef DUCTLINE_LIBFUZZER
+namespace {
+const char *const kSeeds[] = {
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n",
+    "<Cloud><Host>127.0.0.1:2121</Host><Username>surveyor</Username><Password>Gully&amp;Pot</Password></Cloud>",
+    "<Cloud>", "</Cloud>", "<Host>ftp.example.invalid</Host>", "<Password><![CDATA[<&>]]></Password>",
+    "<Password>&#13;&#10;&#9;</Password>", "<Username> spaced </Username>", "<Library/>", "<!-- note -->",
+    "<Other><Host>x</Host></Other>", "<!DOCTYPE Cloud [<!ENTITY e \"expanded\">]>", "<Password>&e;</Password>",
+    "<Host>caf\xc3\xa9</Host>",
+};
+const char kAlphabet[] = "<>/&;#\"' \r\n\tCloudHost\x01\x80";
+} // namespace
+
 int main(int argc, char **argv)
 {
-    const std::vector<std::string> seeds = {
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n",
-        "<Cloud><Host>127.0.0.1:2121</Host><Username>surveyor</Username><Password>Gully&amp;Pot</Password></Cloud>",
-        "<Cloud>", "</Cloud>", "<Host>ftp.example.invalid</Host>", "<Password><![CDATA[<&>]]></Password>",
-        "<Password>&#13;&#10;&#9;</Password>", "<Username> spaced </Username>", "<Library/>", "<!-- note -->",
-        "<Other><Host>x</Host></Other>", "<!DOCTYPE Cloud [<!ENTITY e \"expanded\">]>", "<Password>&e;</Password>",
-        "<Host>caf\xc3\xa9</Host>",
-    };
-    return seeddriver::run(argc, argv, seeds, std::string("<>/&;#\"' \r\n\tCloudHost\x01\x80"));
+    return fuzzdriver::run(argc, argv, 200000, 20240101, "settings files read",
+                           [](std::mt19937 &rng) { return cloudfuzz::joinAndEdit(rng, kSeeds, kAlphabet); });
 }
 #endif

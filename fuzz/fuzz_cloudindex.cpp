@@ -4,7 +4,6 @@
 // the file held. Without libFuzzer, main() damages real index files.
 
 #include "cloudscratch.h"
-#include "seeddriver.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
@@ -17,27 +16,32 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     }
     CloudIndex index;
     if (!index.read())
-        seeddriver::finding("a readable file was refused", data, size);
+        cloudfuzz::finding("a readable file was refused", data, size);
     for (const QString &path : index.paths()) {
         if (path.isEmpty() || path != path.trimmed())
-            seeddriver::finding("an empty or untrimmed path was kept", data, size);
+            cloudfuzz::finding("an empty or untrimmed path was kept", data, size);
     }
     const QString added = QStringLiteral("New Site");
     const bool known = index.paths().contains(added);
     if (index.add(QStringLiteral("127.0.0.1:2121/corvane/") + added, 1) == known)
-        seeddriver::finding("a new site was refused or a known one added again", data, size);
+        cloudfuzz::finding("a new site was refused or a known one added again", data, size);
     if (index.paths().count(added) != 1)
-        seeddriver::finding("the added site does not read back once", data, size);
+        cloudfuzz::finding("the added site does not read back once", data, size);
     return 0;
 }
 
 #ifndef DUCTLINE_LIBFUZZER
+namespace {
+const char *const kSeeds[] = {
+    "Mill Lane,1\n", "Mill Lane/Survey 1,2\n", "Riverside,1\n", " padded ,1\n", "a,b,c,2\n", "no comma\n",
+    ",1\n", "Mill Lane,1", "\r\n", "\xef\xbb\xbf" "BOM,1\n", "New Site,1\n", "\xff\xfe,1\n", "x,\n",
+};
+const char kAlphabet[] = ",\n\r \t/\x01\x80\xc3\xa9" "NewSite";
+} // namespace
+
 int main(int argc, char **argv)
 {
-    const std::vector<std::string> seeds = {
-        "Mill Lane,1\n", "Mill Lane/Survey 1,2\n", "Riverside,1\n", " padded ,1\n", "a,b,c,2\n", "no comma\n",
-        ",1\n", "Mill Lane,1", "\r\n", "\xef\xbb\xbf" "BOM,1\n", "New Site,1\n", "\xff\xfe,1\n", "x,\n",
-    };
-    return seeddriver::run(argc, argv, seeds, std::string(",\n\r \t/\x01\x80\xc3\xa9" "NewSite"));
+    return fuzzdriver::run(argc, argv, 200000, 20240101, "index files read",
+                           [](std::mt19937 &rng) { return cloudfuzz::joinAndEdit(rng, kSeeds, kAlphabet); });
 }
 #endif

@@ -4,7 +4,6 @@
 // libFuzzer, main() damages real answers.
 
 #include "cloudscratch.h"
-#include "seeddriver.h"
 #include "wcwebapi.h"
 
 using WinCan::Web::CProjectInfo;
@@ -22,23 +21,28 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     index.reset();
     for (const CProjectInfo &project : qAsConst(projects)) {
         if (project.name.isEmpty())
-            seeddriver::finding("a project without a name", data, size);
+            cloudfuzz::finding("a project without a name", data, size);
         index.add(QStringLiteral("https://wincanweb.invalid/corvane/") + project.name, 1);
     }
     if (!CloudScratch::indexIsSound(index))
-        seeddriver::finding("the cloud index does not read back as written", data, size);
+        cloudfuzz::finding("the cloud index does not read back as written", data, size);
     return 0;
 }
 
 #ifndef DUCTLINE_LIBFUZZER
+namespace {
+const char *const kSeeds[] = {
+    "{\"token\":\"3f2a\"}", "{\"projects\":[", "{\"id\":\"1\",\"name\":\"Mill Lane\",\"files\":3}", ",", "]}",
+    "{\"name\":\"a\\nb,1\"}", "{\"name\":\" \"}", "{\"name\":\"x/../y\"}", "{\"name\":7}", "{\"name\":\"\\u0000\"}",
+    "{\"error\":\"refused\"}", "<html>502 Bad Gateway</html>", "[]", "null", "{\"projects\":{}}", "{\"token\":null}",
+    "{\"name\":\"\\ud800\"}",
+};
+const char kAlphabet[] = "{}[]\":,\\nu0 \r\n\x01\x80" "projectsname";
+} // namespace
+
 int main(int argc, char **argv)
 {
-    const std::vector<std::string> seeds = {
-        "{\"token\":\"3f2a\"}", "{\"projects\":[", "{\"id\":\"1\",\"name\":\"Mill Lane\",\"files\":3}", ",", "]}",
-        "{\"name\":\"a\\nb,1\"}", "{\"name\":\" \"}", "{\"name\":\"x/../y\"}", "{\"name\":7}", "{\"name\":\"\\u0000\"}",
-        "{\"error\":\"refused\"}", "<html>502 Bad Gateway</html>", "[]", "null", "{\"projects\":{}}", "{\"token\":null}",
-        "{\"name\":\"\\ud800\"}",
-    };
-    return seeddriver::run(argc, argv, seeds, std::string("{}[]\":,\\nu0 \r\n\x01\x80" "projectsname"));
+    return fuzzdriver::run(argc, argv, 200000, 20240101, "answers read",
+                           [](std::mt19937 &rng) { return cloudfuzz::joinAndEdit(rng, kSeeds, kAlphabet); });
 }
 #endif

@@ -14,6 +14,7 @@
 #include "storage/cloudconfig.h"
 #include "storage/networkstorage.h"
 #include "storage/storagebase.h"
+#include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
 #include "support/logcapture.h"
 #include "support/modalsteps.h"
@@ -40,8 +41,8 @@ class TestCloudOnUnit : public QObject
     TestUnit m_unit;
     std::unique_ptr<LogCapture> m_log;
     UnitFtpSite m_ftp{m_unit, kUser, kPassword};
+    ConsoleOnUnit m_console;
     MainWindow *m_window = nullptr;
-    Controller *m_controller = nullptr;
     KeypadOperator *m_keys = nullptr;
     Report *m_report = nullptr;
 
@@ -127,16 +128,11 @@ private slots:
         storage.start(QStringLiteral("unit-storage"), {QStringLiteral("pull"), QStringLiteral("usb1")});
         QVERIFY(storage.waitForFinished(15000) && storage.exitCode() == 0);
 
-        m_window = new MainWindow;
-        m_keys = new KeypadOperator(m_window);
-        m_controller = Controller::create(m_window, m_window);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        QVERIFY(m_console.logIn());
+        m_window = m_console.window;
+        m_keys = m_console.keypad;
         m_report = m_window->findChild<Report *>();
         QVERIFY(m_report);
-        QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 10000);
-        m_keys->key(Qt::Key_Return);
-        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
     }
 
     void cleanupTestCase()
