@@ -61,6 +61,16 @@ private:
 
 namespace cloudfuzz {
 
+// Inputs the reader took as what it expects, to tell a run that reached the
+// rules after the reader from one that was refused at the door.
+inline unsigned long accepted = 0;
+
+inline int report(int result)
+{
+    std::printf("%lu of them accepted by the reader\n", accepted);
+    return result;
+}
+
 // Ends the run with the input that broke a rule, for a test to be made of it.
 inline void finding(const char *rule, const uint8_t *data, size_t size)
 {
@@ -70,14 +80,19 @@ inline void finding(const char *rule, const uint8_t *data, size_t size)
     std::abort();
 }
 
-// A few of the target's seeds joined, then edited.
+// A few of the target's seeds joined, most often between an opening and a
+// closing that give the reader the shape it looks for, then edited.
 template <size_t S, size_t A>
-std::string joinAndEdit(std::mt19937 &rng, const char *const (&seeds)[S], const char (&alphabet)[A])
+std::string joinAndEdit(std::mt19937 &rng, const char *const (&seeds)[S], const char (&alphabet)[A],
+                        const char *open = "", const char *separator = "", const char *close = "")
 {
-    std::string s;
+    const bool shaped = rng() % 4 != 0;
+    std::string s = shaped ? open : "";
     for (int i = int(rng() % 4); i >= 0; --i)
-        s += fuzzdriver::pick(rng, seeds);
-    for (int e = int(rng() % 8); e > 0; --e) {
+        s += std::string(fuzzdriver::pick(rng, seeds)) + (shaped && i > 0 ? separator : "");
+    if (shaped)
+        s += close;
+    for (int e = int(rng() % 5); e > 0; --e) {
         if (rng() % 5 == 0)
             s.insert(s.empty() ? 0 : rng() % s.size(), fuzzdriver::pick(rng, seeds));
         else

@@ -17,6 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     CloudConfig config;
     if (!config.read())
         return 0;
+    ++cloudfuzz::accepted;
     if (!config.write())
         cloudfuzz::finding("settings that were read could not be written", data, size);
     CloudConfig again;
@@ -30,7 +31,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 #ifndef DUCTLINE_LIBFUZZER
 namespace {
 const char *const kSeeds[] = {
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n",
     "<Cloud><Host>127.0.0.1:2121</Host><Username>surveyor</Username><Password>Gully&amp;Pot</Password></Cloud>",
     "<Cloud>", "</Cloud>", "<Host>ftp.example.invalid</Host>", "<Password><![CDATA[<&>]]></Password>",
     "<Password>&#13;&#10;&#9;</Password>", "<Username> spaced </Username>", "<Library/>", "<!-- note -->",
@@ -42,7 +42,8 @@ const char kAlphabet[] = "<>/&;#\"' \r\n\tCloudHost\x01\x80";
 
 int main(int argc, char **argv)
 {
-    return fuzzdriver::run(argc, argv, 200000, 20240101, "settings files read",
-                           [](std::mt19937 &rng) { return cloudfuzz::joinAndEdit(rng, kSeeds, kAlphabet); });
+    return cloudfuzz::report(fuzzdriver::run(argc, argv, 200000, 20240101, "settings files read", [](std::mt19937 &rng) {
+        return cloudfuzz::joinAndEdit(rng, kSeeds, kAlphabet, "<?xml version=\"1.0\"?>\n<Cloud>", "", "</Cloud>");
+    }));
 }
 #endif

@@ -34,7 +34,6 @@ NetworkStorage::NetworkStorage(QObject *parent) : StorageBase(parent)
 {
     m_ftp = FTPClient::instance(parent);
     process = ProcessController::instance(parent);
-    m_wifiState = wifiStateFromRoute();
     connect(process, &ProcessController::outputWithArgs, this, &NetworkStorage::finishedProcess);
     connect(m_ftp, &FTPClient::done, this, &NetworkStorage::copyFinished);
     connect(m_ftp, &FTPClient::quitclicked, this, &NetworkStorage::copyQuit);
@@ -58,7 +57,13 @@ NetworkStorage *NetworkStorage::instance(QObject *parent)
 }
 
 // Until the Wi-Fi link reports, a default route on the wireless interface
-// stands for a connection.
+// stands for a connection; read when asked, since the unit joins a network
+// long after the console starts.
+int NetworkStorage::wifiState() const
+{
+    return m_wifiState >= 0 ? m_wifiState : wifiStateFromRoute();
+}
+
 int NetworkStorage::wifiStateFromRoute()
 {
     QFile route(unitPath(QStringLiteral("/proc/net/route")));
@@ -199,7 +204,7 @@ void NetworkStorage::wcwPaths(bool ok, QStringList names)
 
 void NetworkStorage::performScan(const QString &path)
 {
-    if (m_wifiState <= kNoWifiConnection) {
+    if (wifiState() <= kNoWifiConnection) {
         qInfo() << "Can't scan without WiFi!";
         return;
     }
@@ -497,5 +502,5 @@ void NetworkStorage::cancelCopy()
 
 void NetworkStorage::updateWirelessLog(CloudState state)
 {
-    WirelessLog::append(state, serverRoot(), m_username, m_wifiState);
+    WirelessLog::append(state, serverRoot(), m_username, wifiState());
 }

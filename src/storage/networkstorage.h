@@ -104,6 +104,7 @@ private:
     void processUploadFiles();
     void indexUploaded();
     void updateWirelessLog(CloudState state);
+    int wifiState() const;
     static int wifiStateFromRoute();
 
     FTPClient *m_ftp = nullptr;
@@ -126,5 +127,6 @@ private:
     volatile bool requestcancel = false;
     bool m_copying = false;
     bool m_preparingDownload = false;
-    int m_wifiState = 0;
+    // -1 until the Wi-Fi link reports.
+    int m_wifiState = -1;
 };
