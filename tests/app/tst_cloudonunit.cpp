@@ -216,6 +216,7 @@ private slots:
         QTRY_VERIFY(rows().contains(kCloud));
         // The scan the list asked for on showing is over; only R asks again.
         QTRY_VERIFY_WITH_TIMEOUT(!ProcessController::instance()->isRunning(), 30000);
+        QVERIFY(m_report->keyHint().contains("R: refresh cloud"));
         const QString added = QStringLiteral("Added On The Office PC");
         QVERIFY(QDir().mkpath(m_ftp.home() + "/corvane/" + added));
         m_keys->key(Qt::Key_R);

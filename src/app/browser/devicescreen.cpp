@@ -15,7 +15,7 @@ void DeviceScreen::setPath(const QString &device, const QString &path)
 
 QString DeviceScreen::keyHint() const
 {
-    return tr("Up/Down: choose   Right/OK: open   Left/ESC: back");
+    return tr("Up/Down: choose   Right/OK: open   Left/ESC: back   R: refresh cloud");
 }
 
 bool DeviceScreen::handleKey(int key)
