@@ -5,78 +5,25 @@
 // mutated survey lines from a fixed seed.
 
 #include "reports/wrcexport.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QXmlStreamReader>
-
 #include "randomdriver.h"
-
-#include <cstdint>
-#include <string>
+#include "surveyfilefuzz.h"
 
 namespace {
-struct Project {
-    Project()
-    {
-        static int argc = 1;
-        static char name[] = "fuzz";
-        static char *argv[] = {name, nullptr};
-        app = new QCoreApplication(argc, argv);
-        qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
-        // A log line for every unknown record would be all the fuzzer does.
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-        path = root.path() + QStringLiteral("/fuzz.sur/");
-        QDir().mkpath(path);
-    }
-    QCoreApplication *app = nullptr;
-    QTemporaryDir config;
-    QTemporaryDir root;
-    QString path;
-    unsigned long runs = 0;
-};
-
-Project &project()
-{
-    static Project instance;
-    return instance;
-}
-
-void writeFile(const QString &name, const char *data, size_t size)
-{
-    QFile file(name);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(data, qint64(size));
-}
 
 void exportOnce(const uint8_t *data, size_t size)
 {
-    Project &p = project();
+    surveyfuzz::Scratch &s = surveyfuzz::scratch();
+    const QString project = s.root.path() + QStringLiteral("/fuzz.sur/");
     // A new folder each time: the settings reader caches a file by name and age.
-    const QString section = p.path + QStringLiteral("section_%1").arg(++p.runs);
+    const QString section = project + QStringLiteral("section_%1").arg(++s.runs);
     QDir().mkpath(section);
-    const char *bytes = reinterpret_cast<const char *>(data);
-    const size_t split = std::string(bytes, size).find('\0');
-    const size_t sectionSize = split == std::string::npos ? 0 : split;
-    writeFile(section + QStringLiteral("/.section.sdb"), bytes, sectionSize);
-    const size_t observationsAt = split == std::string::npos ? 0 : split + 1;
-    writeFile(section + QStringLiteral("/.observations.sdb"), bytes + observationsAt, size - observationsAt);
+    const std::vector<std::string> parts = surveyfuzz::splitInput(data, size, 2);
+    surveyfuzz::writeFile(section + QStringLiteral("/.section.sdb"), parts.at(0));
+    surveyfuzz::writeFile(section + QStringLiteral("/.observations.sdb"), parts.at(1));
 
-    if (!WRCExport(p.path).WRCExport_Start())
+    if (!WRCExport(project).WRCExport_Start())
         std::abort();
-    QFile xml(p.path + QStringLiteral("unnamed.xml"));
-    if (!xml.open(QIODevice::ReadOnly))
-        std::abort();
-    QXmlStreamReader reader(&xml);
-    while (!reader.atEnd())
-        reader.readNext();
-    if (reader.hasError()) {
-        std::fprintf(stderr, "ill-formed WRC file: %s at line %lld\n", qPrintable(reader.errorString()),
-                     static_cast<long long>(reader.lineNumber()));
-        std::abort();
-    }
+    surveyfuzz::requireWellFormed(project + QStringLiteral("unnamed.xml"));
     QDir(section).removeRecursively();
 }
 }
