@@ -21,6 +21,7 @@
 #include "storage/reportmanager.h"
 #include "storage/storagebase.h"
 #include "survey/corvane/corvanecontroller.h"
+#include "survey/wincan/wincancontroller.h"
 #include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
 #include "video/audio.h"
@@ -164,6 +165,9 @@ void Controller::connectSurveyScreens()
     connect(corvane, &CorvaneController::selectWRCSiteInfoScreen, this, &Controller::selectWRCSiteInfoScreen);
     connect(corvane, &CorvaneController::selectWRCRunInfoScreen, this, &Controller::selectWRCRunInfoScreen);
     connect(corvane, &CorvaneController::selectEngNoteScreen, this, &Controller::selectEngNoteScreen);
+    WinCanController *wincan = WinCanController::instance();
+    connect(wincan, &WinCanController::selectWCProjectInfoScreen, this, &Controller::selectWCProjectInfoScreen);
+    connect(wincan, &WinCanController::selectWCSectionInfoScreen, this, &Controller::selectWCSectionInfoScreen);
 }
 
 void Controller::logSystemVersion()
