@@ -11,6 +11,7 @@
 #include "core/uikeys.h"
 #include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
+#include "support/reportproject.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
 #include "survey/wincan/wccataloguemanager.h"
@@ -196,6 +197,10 @@ void TestWinCanOnUnit::projectOfTwoSectionsByKeys()
     QVERIFY(answerMenu(
         QStringLiteral("WinCan Report Successfully Generated. Do you wish to transfer the report to the ostra App?"), 0));
     QVERIFY(answerText(QStringLiteral("Note:"), QString()));
+    // Asked only once the converter has ended, so the file is whole.
+    const QString report = ReportProject::pdfText(project + QStringLiteral("Report.pdf")).simplified();
+    for (const QString &summary : {QStringLiteral("Section summary"), QStringLiteral("Inspection summary")})
+        QVERIFY2(report.contains(summary), qPrintable(summary + QStringLiteral(" missing in:\n") + report));
 }
 
 QTEST_MAIN(TestWinCanOnUnit)
