@@ -131,7 +131,7 @@ private slots:
         QVERIFY(m_console.logIn());
         m_window = m_console.window;
         m_keys = m_console.keypad;
-        m_report = m_window->findChild<Report *>();
+        m_report = qobject_cast<Report *>(m_window->page(Controller::kScreenReport));
         QVERIFY(m_report);
     }
 
