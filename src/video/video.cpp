@@ -67,7 +67,7 @@ Video::Video(QWidget *parent)
     m_overlay->setGeometry(0, 0, Ui::Video::kPictureWidth, Ui::Video::kPictureHeight);
     m_overlay->raise();
     m_statusbar->raise();
-    ui->label_logo_icon->setPixmap(default_logo);
+    showLogo(default_logo);
 
     m_textScreens = new TimedTextScreens(m_overlay, this);
     m_pages = new PageOverlays(m_overlay, this);
@@ -577,19 +577,27 @@ void Video::dummyEscape()
 void Video::setLogo(SurveyManager::SurveyType type)
 {
     m_surveyType = type;
-    QLabel *logo = ui->label_logo_icon;
     switch (type) {
     case SurveyManager::kSurveyType_CORVANE:
-        logo->setPixmap(QPixmap(QStringLiteral(":/graphics/icon ostra.png"))
-                            .scaled(logo->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        showLogo(QPixmap(QStringLiteral(":/graphics/icon ostra.png")));
         break;
     case SurveyManager::kSurveyType_WINCAN:
-        logo->setPixmap(QPixmap(QStringLiteral(":/graphics/wincan_logo.png")));
+        showLogo(QPixmap(QStringLiteral(":/graphics/wincan_logo.png")));
         break;
     default:
-        logo->setPixmap(default_logo);
+        showLogo(default_logo);
         break;
     }
+}
+
+// Every logo, the WinCan one too, is fitted to the row under the picture: one
+// drawn at its own size would be cut off at the label's edges.
+void Video::showLogo(const QPixmap &logo)
+{
+    const int height = Ui::Video::kLabelRowHeight;
+    const QPixmap fitted = logo.isNull() ? logo : logo.scaledToHeight(height, Qt::SmoothTransformation);
+    ui->label_logo_icon->setFixedSize(fitted.isNull() ? QSize(0, height) : fitted.size());
+    ui->label_logo_icon->setPixmap(fitted);
 }
 
 void Video::showStatusBar(QString title, QStringList items)
