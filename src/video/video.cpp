@@ -24,6 +24,7 @@
 #include "video/videoform.h"
 #include "video/videokeys.h"
 #include "video/videotools.h"
+#include "widgets/graphics.h"
 #include "widgets/indicators.h"
 
 #include <QDateTime>
@@ -35,6 +36,8 @@
 
 namespace {
 const QString kDropCacheScript = QStringLiteral("drop_cache.sh");
+// The logos are drawn at the height of the row under the picture.
+const QSize kLogoBox(Ui::Video::kPictureWidth / 2, Ui::Video::kLabelRowHeight);
 
 SurveyManager *survey()
 {
@@ -49,7 +52,7 @@ Video::Video(QWidget *parent)
     , ui(new Ui::Video)
     , m_display(new QTimer(this))
     , m_snapshot_symbol_timer(new QTimer(this))
-    , default_logo(QStringLiteral(":/graphics/logo_corvane_small.png"))
+    , default_logo(graphicsPixmap(QStringLiteral(":/graphics/logo_corvane_small.png"), kLogoBox))
     , m_scripts(new VideoScripts(this))
     , mVideoTools(new VideoTools(this))
     , m_pictureControls(new PictureControls(mVideoTools, m_scripts, this))
@@ -579,10 +582,10 @@ void Video::setLogo(SurveyManager::SurveyType type)
     m_surveyType = type;
     switch (type) {
     case SurveyManager::kSurveyType_CORVANE:
-        showLogo(QPixmap(QStringLiteral(":/graphics/icon ostra.png")));
+        showLogo(graphicsPixmap(QStringLiteral(":/graphics/icon ostra.png"), kLogoBox));
         break;
     case SurveyManager::kSurveyType_WINCAN:
-        showLogo(QPixmap(QStringLiteral(":/graphics/wincan_logo.png")));
+        showLogo(graphicsPixmap(QStringLiteral(":/graphics/wincan_logo.png"), kLogoBox));
         break;
     default:
         showLogo(default_logo);
@@ -595,7 +598,8 @@ void Video::setLogo(SurveyManager::SurveyType type)
 void Video::showLogo(const QPixmap &logo)
 {
     const int height = Ui::Video::kLabelRowHeight;
-    const QPixmap fitted = logo.isNull() ? logo : logo.scaledToHeight(height, Qt::SmoothTransformation);
+    const QPixmap fitted =
+        logo.isNull() || logo.height() == height ? logo : logo.scaledToHeight(height, Qt::SmoothTransformation);
     ui->label_logo_icon->setFixedSize(fitted.isNull() ? QSize(0, height) : fitted.size());
     ui->label_logo_icon->setPixmap(fitted);
 }

@@ -157,6 +157,14 @@ void TestGallery::logoLiesInsideTheWindow()
     const QRect onWindow(logo->mapTo(m_window, drawn.topLeft()), drawn.size());
     QVERIFY(QRect(QPoint(), m_window->size()).contains(onWindow));
     QVERIFY(!onWindow.intersects(QRect(m_video->indicators()->mapTo(m_window, QPoint()), m_video->indicators()->size())));
+    // Nor is the artwork cut by its own edges: its outer columns and rows stay clear.
+    const QImage artwork = logo->pixmap()->toImage().convertToFormat(QImage::Format_ARGB32);
+    int touching = 0;
+    for (int y = 0; y < artwork.height(); ++y)
+        touching += qAlpha(artwork.pixel(artwork.width() - 1, y)) > 64;
+    for (int x = 0; x < artwork.width(); ++x)
+        touching += qAlpha(artwork.pixel(x, 0)) > 64;
+    QVERIFY2(touching == 0, qPrintable(QStringLiteral("%1 pixels of the logo on its right or top edge").arg(touching)));
     m_video->setLogo(SurveyManager::kSurveyType_BASIC);
 }
 
