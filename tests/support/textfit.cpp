@@ -139,9 +139,11 @@ void checkTabs(QTabBar *tabs, QStringList &clipped)
     const int space = tabs->style()->pixelMetric(QStyle::PM_TabBarTabHSpace, nullptr, tabs);
     for (int tab = 0; tab < tabs->count(); ++tab) {
         const int needed = textWidth(tabs, tabs->tabText(tab)) + space / 2;
-        const int room = tabs->tabRect(tab).width();
-        if (needed > room + kSlack)
-            clipped << describe(tabs, tabs->tabText(tab), needed, room);
+        const QRect rect = tabs->tabRect(tab);
+        if (needed > rect.width() + kSlack)
+            clipped << describe(tabs, tabs->tabText(tab), needed, rect.width());
+        else if (!tabs->rect().contains(rect))
+            clipped << QStringLiteral("tab \"%1\" runs off its bar").arg(tabs->tabText(tab));
     }
 }
 
@@ -210,13 +212,7 @@ QImage screenImage(QWidget *window)
 
 QRect focusArea(QWidget *focused, QWidget *window)
 {
-    QRect area(focused->mapTo(window, QPoint()), focused->size());
-    if (auto *view = qobject_cast<QAbstractItemView *>(focused)) {
-        const QRect row = view->visualRect(view->currentIndex());
-        if (row.isValid())
-            area = QRect(view->viewport()->mapTo(window, row.topLeft()), row.size());
-    }
-    return area.marginsAdded(QMargins(3, 3, 3, 3));
+    return QRect(focused->mapTo(window, QPoint()), focused->size()).marginsAdded(QMargins(3, 3, 3, 3));
 }
 
 int differingPixels(const QImage &one, const QImage &other, const QRect &area)

@@ -20,8 +20,8 @@ QStringList clippedTexts(QWidget *root);
 // of the application drawn over it where it stands.
 QImage screenImage(QWidget *window);
 
-// The area that shows where the focus is: the current row of a list, else the
-// widget itself, with a few pixels around it for a frame drawn outside.
+// The area that shows where the focus is: the widget, with a few pixels around
+// it for a frame drawn outside.
 QRect focusArea(QWidget *focused, QWidget *window);
 
 // Pixels of `area` that differ clearly between two pictures.
