@@ -55,7 +55,7 @@
     </message>
 </context>
 <context>
-    <name>CameraController</name>
+    <name>CameraWarnings</name>
     <message>
         <source>CAMERA UNDER PRESSURE&lt;br&gt;Please shut down the Lanthorn for safety.</source>
         <translation type="unfinished"></translation>
@@ -81,6 +81,92 @@
     <message>
         <source>Initialising</source>
         <translation>Initializing</translation>
+    </message>
+</context>
+<context>
+    <name>CopyDialog</name>
+    <message>
+        <source>Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Up/Down: choose the device   OK: copy   ESC: cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CopySurvey</name>
+    <message>
+        <source>&lt;strong&gt;Copy in Progress...&lt;/strong&gt;&lt;br&gt;Please do not remove the media</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos; center&apos;&gt;&lt;strong&gt;WinCan Web Copy in Progress...&lt;/strong&gt;&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;Do Not Remove the WiFi Dongle during Copy!&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Copy in Progress...&lt;/strong&gt;&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;Do Not Remove the WiFi Dongle during Copy!&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;WinCan Web Copy Success&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Successfully Copied Project.&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;You will receive an email when your project has been processed and is ready to view on the Web.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Cloud Copy Success&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Successfully Copied Survey.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;WinCan Web Copy Failed&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Downloading WinCan projects is not supported.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Please export your WinCan project before uploading.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Cloud Copy Failed&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Error: Copy Aborted.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Copy Success&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Copy Failed&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Error: Copy Aborted.&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;The copy on the target is incomplete; the original is unchanged.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -329,11 +415,75 @@
         <source>Please enter the pipe&apos;s usage</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>ostra report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The ostra report could not be generated</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CorvaneExport</name>
     <message>
         <source>dd/MM/yy</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DeleteDialog</name>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left/Right: choose   OK: confirm   ESC: cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DeviceScreen</name>
+    <message>
+        <source>Up/Down: choose   Right/OK: open   Left/ESC: back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FolderPage</name>
+    <message>
+        <source>Right/OK: open   Left/ESC: up   C: copy   Backspace: delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GraphicGen</name>
+    <message>
+        <source>Upstream</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -391,30 +541,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>SD</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>USB1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>USB2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>INT</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>CLOUD</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WEB</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>NONE</source>
         <translation type="unfinished"></translation>
     </message>
@@ -454,18 +580,6 @@
         <source>RESTART</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>SSD0</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>SSD1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>LOCAL</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>Login</name>
@@ -496,11 +610,73 @@
         <source>Transfer Failed</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Receiving a map file...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiving a site image...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transfering ostra Report to mobile...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No PDF Report Found...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transfering XML File to Mobile...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No XML file in project...</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MessageDialog</name>
     <message>
         <source>OK: continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OperatorComments</name>
+    <message>
+        <source>	Please add a comment	</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please add your engineer&apos;s notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Would you Like to add more engineer&apos;s notes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ParamEntryDialog</name>
+    <message>
+        <source>Press Up/Down To Change Fields</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press ESC to Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press OK to Confirm</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -535,6 +711,84 @@
     </message>
     <message>
         <source>END</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Player</name>
+    <message>
+        <source>Buffering %1%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Service not available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The QMediaPlayer object does not have a valid service.
+Please check the media service plugins are installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stalled %1%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording cannot be played</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Report</name>
+    <message>
+        <source>Media Browser</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Return to continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No drive available for copy.
+Please insert a suitable device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insufficient space on device for copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Directory too large to be copied (Limit is 4GB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReportManager</name>
+    <message>
+        <source>Devices:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReportScreen</name>
+    <message>
+        <source>OK: full screen   Play/Pause/Stop/Rew/Fwd   Left/ESC: up</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -754,15 +1008,7 @@
 <context>
     <name>Settings</name>
     <message>
-        <source>Coiler and Camera</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Status</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Text and Graphics</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -785,6 +1031,18 @@
         <source>Service</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Coiler</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloud</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>SettingsClock</name>
@@ -802,6 +1060,51 @@
     </message>
     <message>
         <source>Set Clock</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SettingsCloud</name>
+    <message>
+        <source>Test Connection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Host</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One or more text fields are blank. 
+Please try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloud Connection Success</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Successfully connected to the Cloud.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloud Connection Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not connect to the Cloud. 
+Make sure you have entered the correct details.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1216,6 +1519,17 @@
     </message>
 </context>
 <context>
+    <name>ShutdownNotice</name>
+    <message>
+        <source>System Will Now Shutdown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Return to continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>SiteInfo</name>
     <message>
         <source>Project Information</source>
@@ -1271,9 +1585,55 @@
     </message>
 </context>
 <context>
+    <name>SnapshotWindow</name>
+    <message>
+        <source>This snapshot cannot be shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Splash</name>
     <message>
         <source>Loading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>StorageBase</name>
+    <message>
+        <source>SD</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>INT</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSD0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSD1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>USB1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>USB2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LOCAL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CLOUD</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WEB</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1558,23 +1918,46 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>System Will Now Shutdown</source>
+        <source>The recording did not start. Please press Record again.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Press Return to continue</source>
+        <source>Recording Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WCParams</name>
+    <message>
+        <source>Error:</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>	Please add a comment	</source>
+        <source>Can&apos;t find Defect code </source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Please add your engineer&apos;s notes</source>
+        <source>error: </source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Would you Like to add more engineer&apos;s notes?</source>
+        <source>[Press OK]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> (Scale 1-5: 1-Poor 5-Flawless)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Code: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Snapshot?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1582,7 +1965,134 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>No</source>
+        <source>Enter Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>units = </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Prefix: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maximum Number of Continuous Defects Reached</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the Pipe is Flowing Fine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is Evidence of Leakage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>evidence of Stormwater Flooding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>root Growth may Lead to Blockage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a Leakage Test has Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the Pipe is Unserviceable</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WrcChain</name>
+    <message>
+        <source>Manhole(MH)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection Chamber(IC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rodding Eve(RE)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other Special Chamber(OC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Outfall(OF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Major Connection With Manhole(BR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lamphole(LH)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Soakaway(SK)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gully(GY)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Oil Separator(OS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Catchpit(CP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey Abandon</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Defect Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Enter to Accept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t find Defect code </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continuous Defect To End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Defect Ended:</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1606,6 +2116,72 @@
     </message>
 </context>
 <context>
+    <name>exportPDF</name>
+    <message>
+        <source>Filling report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drawing pipe graphics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Converting report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Converting report: %1%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engineer&apos;s Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upstream</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Observation [mDesignator%1]:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Page </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>external_control</name>
+    <message>
+        <source>Error:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to connect to ostra app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ostra App Stopped Responding Please Check Your Connection</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>menuDialog</name>
     <message>
         <source>Up/Down: choose   OK: select   ESC: back</source>
@@ -1616,10 +2192,6 @@
     <name>settingsnetwork</name>
     <message>
         <source>Wi-Fi Networks</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>OK: join the network   R: scan again   D: disconnect   PgUp/PgDn: other tabs</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1652,6 +2224,18 @@
     </message>
     <message>
         <source>Please Try Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK: join the network   R: scan again   D: disconnect   S: %1 password   PgUp/PgDn: tabs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1699,7 +2283,7 @@
     </message>
     <message>
         <source>Grey Cast Iron (GI)</source>
-        <translation type="unfinished"></translation>
+        <translation>Gray Cast Iron (GI)</translation>
     </message>
     <message>
         <source>Masonry - in regular courses (MAC)</source>
