@@ -130,6 +130,9 @@ void TestGallery::initTestCase()
     m_window->show();
     activate(m_window);
     QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
+    // The strip shows the kit's camera as an operator sees it.
+    m_video->detectCamera();
+    QTRY_VERIFY_WITH_TIMEOUT(m_video->isCameraPresent(), 20000);
     // The longest rows a form can show.
     SurveyData *data = SurveyManager::instance()->getSurveyData();
     data->set(QStringLiteral("SiteName"), QStringLiteral("Mill Lane Depot"));
