@@ -25,6 +25,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QLabel>
 #include <QStyle>
 #include <QtTest>
@@ -110,6 +111,7 @@ private slots:
 void TestGallery::initTestCase()
 {
     QVERIFY(m_unit.isValid());
+    QDir(TestUnit::artifactsDir(QStringLiteral("gallery"))).removeRecursively();
     // The overlay texts an operator turns on, white over the light pipe wall.
     ConsoleSettings settings;
     settings.setValue(QStringLiteral("Overlay/date"), true);
@@ -195,8 +197,10 @@ void TestGallery::look(QWidget *root, const QString &language, const QString &na
     // The field with the keys; a screen or tab that keeps them itself (the live
     // picture, the status tab) has nothing to choose and shows no mark.
     QWidget *focus = QApplication::focusWidget();
-    if (!focus || !isField(focus))
+    if (!focus || !isField(focus)) {
+        qInfo() << name << "keys held by" << (focus ? focus->metaObject()->className() : "nothing");
         return;
+    }
     QVERIFY2(root->isAncestorOf(focus) || root == focus->window(), qPrintable(name + QStringLiteral(": focus elsewhere")));
     const QRect area = TextFit::focusArea(focus, window);
     focus->clearFocus();
@@ -318,6 +322,19 @@ void TestGallery::everyDialog()
     const QRect onScreen(dialog->mapToGlobal(QPoint()) - m_window->mapToGlobal(QPoint()), dialog->size());
     QVERIFY2(QRect(0, 0, 800, 600).contains(onScreen), "the dialog lies on the screen");
     look(dialog, language, QString::fromLatin1(QTest::currentDataTag()).section(QLatin1Char(' '), 1).replace(' ', '-'));
+    // A menu keeps the keys itself; its chosen row is the mark.
+    if (auto *list = dialog->findChild<QListWidget *>()) {
+        const int chosen = list->currentRow();
+        QVERIFY(chosen >= 0);
+        const QRect row(list->viewport()->mapTo(m_window, list->visualItemRect(list->currentItem()).topLeft()),
+                        list->visualItemRect(list->currentItem()).size());
+        const QImage marked = TextFit::screenImage(m_window);
+        list->setCurrentRow((chosen + 1) % list->count());
+        const QImage unmarked = TextFit::screenImage(m_window);
+        list->setCurrentRow(chosen);
+        QVERIFY2(TextFit::differingPixels(marked, unmarked, row) >= row.width() + row.height(),
+                 "the chosen row is marked");
+    }
     if (box)
         box->close();
     else
