@@ -12,10 +12,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "randomdriver.h"
+
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <string>
 
 namespace {
@@ -105,53 +104,28 @@ const char kAlphabet[] = "0123456789ABCDEFabcdef .?*/\\\r\n\t\xff\x80\x00";
 
 std::string mutate(std::mt19937 &rng)
 {
-    std::string s = kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
-    const int edits = int(rng() % 6);
-    for (int e = 0; e < edits; ++e) {
-        const size_t pos = s.empty() ? 0 : rng() % (s.size() + 1);
+    std::string s = fuzzdriver::pick(rng, kSeeds);
+    for (int e = int(rng() % 6); e > 0; --e) {
         switch (rng() % 5) {
-        case 0:
-            if (!s.empty())
-                s[pos % s.size()] = char(rng() % 256);
+        case 0: // a long run, to cross the line limit
+            s.insert(s.empty() ? 0 : rng() % s.size(), std::string(rng() % 2048, kAlphabet[rng() % 16]));
             break;
         case 1:
-            s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
-            break;
-        case 2:
-            if (!s.empty())
-                s.erase(pos % s.size(), rng() % 8);
-            break;
-        case 3:  // a long run, to cross the line limit
-            s.insert(pos, std::string(rng() % 2048, kAlphabet[rng() % 16]));
+            s += fuzzdriver::pick(rng, kSeeds);
             break;
         default:
-            s += kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
+            fuzzdriver::edit(rng, s, kAlphabet);
             break;
         }
     }
     return s;
 }
-}
+} // namespace
 
 int main(int argc, char **argv)
 {
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 100000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20240101UL;
-    std::mt19937 rng(seed);
-    unsigned long bytes = 0;
-    for (unsigned long i = 0; i < runs; ++i) {
-        std::string input;
-        if (rng() % 10 == 0) {
-            input.resize(rng() % 400);
-            for (char &c : input)
-                c = char(rng() % 256);
-        } else {
-            input = mutate(rng);
-        }
-        bytes += input.size();
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-    }
-    std::printf("parsed %lu inputs (%lu bytes, seed %lu) without a finding\n", runs, bytes, seed);
-    return 0;
+    return fuzzdriver::run(argc, argv, 100000UL, 20240101UL, "app commands parsed", [](std::mt19937 &rng) {
+        return rng() % 10 == 0 ? fuzzdriver::noise(rng, 400) : mutate(rng);
+    });
 }
 #endif

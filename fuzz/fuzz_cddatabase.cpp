@@ -11,10 +11,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "randomdriver.h"
+
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <string>
 
 namespace {
@@ -85,31 +84,12 @@ const char kAlphabet[] = "[]=;,\\\"@()%/0123456789CDSF \t\r\n\xff\x80\x00";
 std::string make(std::mt19937 &rng)
 {
     std::string s;
-    const int lines = int(rng() % 12);
-    for (int i = 0; i < lines; ++i) {
-        s += kLines[rng() % (sizeof kLines / sizeof *kLines)];
+    for (int i = int(rng() % 12); i > 0; --i) {
+        s += fuzzdriver::pick(rng, kLines);
         s += rng() % 6 ? "\n" : "\r\n";
     }
-    const int edits = int(rng() % 5);
-    for (int e = 0; e < edits; ++e) {
-        const size_t pos = s.empty() ? 0 : rng() % (s.size() + 1);
-        switch (rng() % 4) {
-        case 0:
-            s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
-            break;
-        case 1:
-            if (!s.empty())
-                s.erase(pos % s.size(), rng() % 8);
-            break;
-        case 2:
-            if (!s.empty())
-                s[pos % s.size()] = char(rng() % 256);
-            break;
-        default:
-            s.resize(pos);
-            break;
-        }
-    }
+    for (int e = int(rng() % 5); e > 0; --e)
+        fuzzdriver::edit(rng, s, kAlphabet);
     return s;
 }
 
@@ -117,17 +97,8 @@ std::string make(std::mt19937 &rng)
 
 int main(int argc, char **argv)
 {
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 1000000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20261123UL;
-    std::mt19937 rng(seed);
-    unsigned long bytes = 0;
-    for (unsigned long i = 0; i < runs; ++i) {
-        const std::string input = make(rng);
-        bytes += input.size();
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-    }
-    std::printf("read %lu continuous-defect files (%lu bytes, seed %lu, %lu groups read) without a finding\n", runs,
-                bytes, seed, groupsRead);
+    fuzzdriver::run(argc, argv, 1000000UL, 20261123UL, "continuous-defect files read", make);
+    std::printf("%lu groups read\n", groupsRead);
     return 0;
 }
 #endif

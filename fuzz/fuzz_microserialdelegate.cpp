@@ -10,10 +10,9 @@
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
+#include "randomdriver.h"
+
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -88,61 +87,33 @@ const char *const kNumbers[] = {"0", "-1", "2147483647", "2147483648", "-2147483
 
 std::string mutate(std::mt19937 &rng)
 {
-    std::string s = kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
-    const int edits = int(rng() % 6);
-    for (int e = 0; e < edits; ++e) {
-        const size_t pos = s.empty() ? 0 : rng() % (s.size() + 1);
-        switch (rng() % 7) {
-        case 0:  // replace a byte
-            if (!s.empty())
-                s[pos % s.size()] = char(rng() % 256);
+    std::string s = fuzzdriver::pick(rng, kSeeds);
+    for (int e = int(rng() % 6); e > 0; --e) {
+        switch (rng() % 6) {
+        case 0: // swap the value for an awkward number
+            s = s.substr(0, s.find(' ') + 1) + fuzzdriver::pick(rng, kNumbers);
             break;
-        case 1:  // insert one from the board's alphabet
-            s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
-            break;
-        case 2:  // delete a run
-            if (!s.empty())
-                s.erase(pos % s.size(), rng() % 8);
-            break;
-        case 3:  // swap the value for an awkward number
-            s = s.substr(0, s.find(' ') + 1) + kNumbers[rng() % (sizeof kNumbers / sizeof *kNumbers)];
-            break;
-        case 4:  // repeat a piece, to cross the length limits
-            s.insert(pos, s.substr(0, rng() % 64), 0, std::string::npos);
+        case 1: // repeat a piece, to cross the length limits
+            s.insert(s.empty() ? 0 : rng() % s.size(), s.substr(0, rng() % 64));
             s.append(std::string(rng() % 300, kAlphabet[rng() % 16]));
             break;
-        case 5:  // splice another line's tail
-            s += kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
+        case 2: // splice another line's tail
+            s += fuzzdriver::pick(rng, kSeeds);
             break;
-        default:  // truncate
-            s.resize(pos);
+        default:
+            fuzzdriver::edit(rng, s, kAlphabet);
             break;
         }
     }
     return s;
 }
-}
+} // namespace
 
 int main(int argc, char **argv)
 {
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 1000000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20240101UL;
-    std::mt19937 rng(seed);
-    unsigned long bytes = 0;
-    for (unsigned long i = 0; i < runs; ++i) {
-        std::string input;
-        // Mostly mutated board lines, sometimes raw noise.
-        if (rng() % 10 == 0) {
-            input.resize(rng() % 400);
-            for (char &c : input)
-                c = char(rng() % 256);
-        } else {
-            input = mutate(rng);
-        }
-        bytes += input.size();
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-    }
-    std::printf("decoded %lu inputs (%lu bytes, seed %lu) without a finding\n", runs, bytes, seed);
-    return 0;
+    // Mostly mutated board lines, sometimes raw noise.
+    return fuzzdriver::run(argc, argv, 1000000UL, 20240101UL, "board lines decoded", [](std::mt19937 &rng) {
+        return rng() % 10 == 0 ? fuzzdriver::noise(rng, 400) : mutate(rng);
+    });
 }
 #endif

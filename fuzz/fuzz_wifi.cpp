@@ -11,10 +11,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "randomdriver.h"
+
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <string>
 
 namespace {
@@ -84,29 +83,12 @@ const char kAlphabet[] = "0123456789abcdef :=/\"\n\t.*-_\xe2\x80\x99";
 
 std::string mutate(std::mt19937 &rng)
 {
-    std::string s = kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
-    const int edits = int(rng() % 8);
-    for (int e = 0; e < edits; ++e) {
-        const size_t pos = s.empty() ? 0 : rng() % (s.size() + 1);
-        switch (rng() % 5) {
-        case 0:
-            if (!s.empty())
-                s[pos % s.size()] = char(rng() % 256);
-            break;
-        case 1:
-            s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
-            break;
-        case 2:
-            if (!s.empty())
-                s.erase(pos % s.size(), rng() % 16);
-            break;
-        case 3:
-            s += kSeeds[rng() % (sizeof kSeeds / sizeof *kSeeds)];
-            break;
-        default:
-            s.resize(pos);
-            break;
-        }
+    std::string s = fuzzdriver::pick(rng, kSeeds);
+    for (int e = int(rng() % 8); e > 0; --e) {
+        if (rng() % 5 == 0)
+            s += fuzzdriver::pick(rng, kSeeds);
+        else
+            fuzzdriver::edit(rng, s, kAlphabet, 16);
     }
     return s;
 }
@@ -114,14 +96,6 @@ std::string mutate(std::mt19937 &rng)
 
 int main(int argc, char **argv)
 {
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 100000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20240101UL;
-    std::mt19937 rng(seed);
-    for (unsigned long i = 0; i < runs; ++i) {
-        const std::string input = mutate(rng);
-        read(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-    }
-    std::printf("%lu inputs read\n", runs);
-    return 0;
+    return fuzzdriver::run(argc, argv, 100000UL, 20240101UL, "script outputs and manifests read", mutate);
 }
 #endif

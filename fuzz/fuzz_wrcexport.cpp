@@ -5,79 +5,25 @@
 // mutated survey lines from a fixed seed.
 
 #include "reports/wrcexport.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QXmlStreamReader>
-
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
-#include <string>
+#include "randomdriver.h"
+#include "surveyfilefuzz.h"
 
 namespace {
-struct Project {
-    Project()
-    {
-        static int argc = 1;
-        static char name[] = "fuzz";
-        static char *argv[] = {name, nullptr};
-        app = new QCoreApplication(argc, argv);
-        qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
-        // A log line for every unknown record would be all the fuzzer does.
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-        path = root.path() + QStringLiteral("/fuzz.sur/");
-        QDir().mkpath(path);
-    }
-    QCoreApplication *app = nullptr;
-    QTemporaryDir config;
-    QTemporaryDir root;
-    QString path;
-    unsigned long runs = 0;
-};
-
-Project &project()
-{
-    static Project instance;
-    return instance;
-}
-
-void writeFile(const QString &name, const char *data, size_t size)
-{
-    QFile file(name);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(data, qint64(size));
-}
 
 void exportOnce(const uint8_t *data, size_t size)
 {
-    Project &p = project();
+    surveyfuzz::Scratch &s = surveyfuzz::scratch();
+    const QString project = s.root.path() + QStringLiteral("/fuzz.sur/");
     // A new folder each time: the settings reader caches a file by name and age.
-    const QString section = p.path + QStringLiteral("section_%1").arg(++p.runs);
+    const QString section = project + QStringLiteral("section_%1").arg(++s.runs);
     QDir().mkpath(section);
-    const char *bytes = reinterpret_cast<const char *>(data);
-    const size_t split = std::string(bytes, size).find('\0');
-    const size_t sectionSize = split == std::string::npos ? 0 : split;
-    writeFile(section + QStringLiteral("/.section.sdb"), bytes, sectionSize);
-    const size_t observationsAt = split == std::string::npos ? 0 : split + 1;
-    writeFile(section + QStringLiteral("/.observations.sdb"), bytes + observationsAt, size - observationsAt);
+    const std::vector<std::string> parts = surveyfuzz::splitInput(data, size, 2);
+    surveyfuzz::writeFile(section + QStringLiteral("/.section.sdb"), parts.at(0));
+    surveyfuzz::writeFile(section + QStringLiteral("/.observations.sdb"), parts.at(1));
 
-    if (!WRCExport(p.path).WRCExport_Start())
+    if (!WRCExport(project).WRCExport_Start())
         std::abort();
-    QFile xml(p.path + QStringLiteral("unnamed.xml"));
-    if (!xml.open(QIODevice::ReadOnly))
-        std::abort();
-    QXmlStreamReader reader(&xml);
-    while (!reader.atEnd())
-        reader.readNext();
-    if (reader.hasError()) {
-        std::fprintf(stderr, "ill-formed WRC file: %s at line %lld\n", qPrintable(reader.errorString()),
-                     static_cast<long long>(reader.lineNumber()));
-        std::abort();
-    }
+    surveyfuzz::requireWellFormed(project + QStringLiteral("unnamed.xml"));
     QDir(section).removeRecursively();
 }
 }
@@ -102,64 +48,29 @@ const char *const kSectionSeeds[] = {
 };
 const char kAlphabet[] = "0123456789m,ft (@)-.e\r\n\t\xff\x80\x01<&>\"'";
 
-template <size_t N>
-const char *pick(std::mt19937 &rng, const char *const (&seeds)[N])
-{
-    return seeds[rng() % N];
-}
-
-void mutate(std::mt19937 &rng, std::string &s)
-{
-    const size_t pos = s.empty() ? 0 : rng() % s.size();
-    switch (rng() % 5) {
-    case 0:
-        if (!s.empty())
-            s[pos] = char(rng() % 256);
-        break;
-    case 1:
-        s.insert(pos, 1, kAlphabet[rng() % (sizeof kAlphabet - 1)]);
-        break;
-    case 2:
-        if (!s.empty())
-            s.erase(pos, rng() % 8);
-        break;
-    case 3:
-        s.insert(pos, std::string(rng() % 200, kAlphabet[rng() % (sizeof kAlphabet - 1)]));
-        break;
-    default:
-        s.resize(pos);
-        break;
-    }
-}
-
 std::string makeInput(std::mt19937 &rng)
 {
     std::string input;
     if (rng() % 2) {
         for (int i = int(rng() % 6); i >= 0; --i)
-            input += std::string(pick(rng, kSectionSeeds)) + "\n";
+            input += std::string(fuzzdriver::pick(rng, kSectionSeeds)) + "\n";
         input += '\0';
     }
     for (int i = int(rng() % 16); i >= 0; --i)
-        input += std::string(pick(rng, kObservationSeeds)) + "\r\n";
-    for (int e = int(rng() % 6); e > 0; --e)
-        mutate(rng, input);
+        input += std::string(fuzzdriver::pick(rng, kObservationSeeds)) + "\r\n";
+    for (int e = int(rng() % 6); e > 0; --e) {
+        if (rng() % 5 == 0)
+            input.insert(input.empty() ? 0 : rng() % input.size(),
+                         std::string(rng() % 200, kAlphabet[rng() % (sizeof kAlphabet - 1)]));
+        else
+            fuzzdriver::edit(rng, input, kAlphabet);
+    }
     return input;
 }
-}
+} // namespace
 
 int main(int argc, char **argv)
 {
-    const unsigned long runs = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 100000UL;
-    const unsigned long seed = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 20240101UL;
-    std::mt19937 rng(seed);
-    unsigned long bytes = 0;
-    for (unsigned long i = 0; i < runs; ++i) {
-        const std::string input = makeInput(rng);
-        bytes += input.size();
-        LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.data()), input.size());
-    }
-    std::printf("exported %lu inputs (%lu bytes, seed %lu) without a finding\n", runs, bytes, seed);
-    return 0;
+    return fuzzdriver::run(argc, argv, 100000UL, 20240101UL, "survey files exported", makeInput);
 }
 #endif

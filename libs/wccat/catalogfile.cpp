@@ -35,6 +35,19 @@ bool flagAttribute(const QXmlStreamAttributes &attributes, const char *name)
     return value == QLatin1String("1") || value == QLatin1String("true") || value == QLatin1String("yes");
 }
 
+// Codes and their extensions describe themselves with the same attributes.
+template <typename Record>
+void copyCodeAttributes(Record *record, const QXmlStreamAttributes &attributes)
+{
+    copyAttribute(record->Item, attributes, "item");
+    copyAttribute(record->Remarks, attributes, "remarks");
+    copyAttribute(record->Code, attributes, "code");
+    copyAttribute(record->AltCode, attributes, "altCode");
+    copyAttribute(record->ObsText, attributes, "text");
+    copyAttribute(record->ChildCaption, attributes, "childCaption");
+    copyAttribute(record->CloseCode, attributes, "closeCode");
+}
+
 } // namespace
 
 int CatalogFile::read(const QString &path)
@@ -76,6 +89,20 @@ bool CatalogFile::fail(QXmlStreamReader &xml, const QString &why)
 {
     m_error = QStringLiteral("%1 line %2: %3").arg(m_name).arg(xml.lineNumber()).arg(why);
     return false;
+}
+
+// Each record needs its identifying attributes, and the file stays under the
+// record limit that keeps a hostile catalogue from taking all memory.
+bool CatalogFile::admitRecord(QXmlStreamReader &xml, const char *element, std::initializer_list<const char *> required)
+{
+    const QXmlStreamAttributes attributes = xml.attributes();
+    for (const char *name : required) {
+        if (attributes.value(QLatin1String(name)).isEmpty())
+            return fail(xml, QStringLiteral("<%1> without %2").arg(QLatin1String(element), QLatin1String(name)));
+    }
+    if (++m_records > kMaxRecords)
+        return fail(xml, QStringLiteral("more than %1 records").arg(kMaxRecords));
+    return true;
 }
 
 QString CatalogFile::nextId(const QString &kind)
@@ -142,10 +169,8 @@ void CatalogFile::readInfo(QXmlStreamReader &xml)
 bool CatalogFile::readClass(QXmlStreamReader &xml)
 {
     const QXmlStreamAttributes attributes = xml.attributes();
-    if (attributes.value(QLatin1String("item")).isEmpty())
-        return fail(xml, QStringLiteral("<class> without item"));
-    if (++m_records > kMaxRecords)
-        return fail(xml, QStringLiteral("more than %1 records").arg(kMaxRecords));
+    if (!admitRecord(xml, "class", {"item"}))
+        return false;
     m_classes.emplace_back();
     WCCatCodeClass_t *codeClass = &m_classes.back();
     copyText(codeClass->UniqueId, nextId(QStringLiteral("class")));
@@ -207,14 +232,8 @@ bool CatalogFile::readCodeTree(QXmlStreamReader &xml, WCCatCodeClass_t *codeClas
 WCCatBaseCode_t *CatalogFile::addBaseCode(QXmlStreamReader &xml, WCCatCodeClass_t *codeClass)
 {
     const QXmlStreamAttributes attributes = xml.attributes();
-    if (attributes.value(QLatin1String("code")).isEmpty() || attributes.value(QLatin1String("item")).isEmpty()) {
-        fail(xml, QStringLiteral("<code> without code or item"));
+    if (!admitRecord(xml, "code", {"code", "item"}))
         return nullptr;
-    }
-    if (++m_records > kMaxRecords) {
-        fail(xml, QStringLiteral("more than %1 records").arg(kMaxRecords));
-        return nullptr;
-    }
     m_baseCodes.emplace_back();
     WCCatBaseCode_t *baseCode = &m_baseCodes.back();
     copyText(baseCode->UniqueId, nextId(QStringLiteral("code")));
@@ -222,13 +241,7 @@ WCCatBaseCode_t *CatalogFile::addBaseCode(QXmlStreamReader &xml, WCCatCodeClass_
     std::vector<WCCatBaseCode_t *> &siblings = baseCodesByClass[codeClass];
     baseCode->Ordinal = int(siblings.size());
     baseCode->Level = 1;
-    copyAttribute(baseCode->Item, attributes, "item");
-    copyAttribute(baseCode->Remarks, attributes, "remarks");
-    copyAttribute(baseCode->Code, attributes, "code");
-    copyAttribute(baseCode->AltCode, attributes, "altCode");
-    copyAttribute(baseCode->ObsText, attributes, "text");
-    copyAttribute(baseCode->ChildCaption, attributes, "childCaption");
-    copyAttribute(baseCode->CloseCode, attributes, "closeCode");
+    copyCodeAttributes(baseCode, attributes);
     baseCode->IsVirtual = flagAttribute(attributes, "virtual");
     baseCode->SortOrder = baseCode->Ordinal;
     siblings.push_back(baseCode);
@@ -242,14 +255,8 @@ WCCatBaseCode_t *CatalogFile::addBaseCode(QXmlStreamReader &xml, WCCatCodeClass_
 WCCatCharExt_t *CatalogFile::addCharExt(QXmlStreamReader &xml, const Open &parent)
 {
     const QXmlStreamAttributes attributes = xml.attributes();
-    if (attributes.value(QLatin1String("code")).isEmpty() || attributes.value(QLatin1String("item")).isEmpty()) {
-        fail(xml, QStringLiteral("<ext> without code or item"));
+    if (!admitRecord(xml, "ext", {"code", "item"}))
         return nullptr;
-    }
-    if (++m_records > kMaxRecords) {
-        fail(xml, QStringLiteral("more than %1 records").arg(kMaxRecords));
-        return nullptr;
-    }
     m_charExts.emplace_back();
     WCCatCharExt_t *charExt = &m_charExts.back();
     copyText(charExt->UniqueId, nextId(QStringLiteral("ext")));
@@ -260,13 +267,7 @@ WCCatCharExt_t *CatalogFile::addCharExt(QXmlStreamReader &xml, const Open &paren
     std::vector<WCCatCharExt_t *> &siblings = charExtsByParent[key];
     charExt->Ordinal = int(siblings.size());
     charExt->Level = parent.charExt ? 3 : 2;
-    copyAttribute(charExt->Item, attributes, "item");
-    copyAttribute(charExt->Remarks, attributes, "remarks");
-    copyAttribute(charExt->Code, attributes, "code");
-    copyAttribute(charExt->AltCode, attributes, "altCode");
-    copyAttribute(charExt->ObsText, attributes, "text");
-    copyAttribute(charExt->ChildCaption, attributes, "childCaption");
-    copyAttribute(charExt->CloseCode, attributes, "closeCode");
+    copyCodeAttributes(charExt, attributes);
     charExt->SortOrder = charExt->Ordinal;
     siblings.push_back(charExt);
     if (parent.charExt)
@@ -282,10 +283,8 @@ WCCatCharExt_t *CatalogFile::addCharExt(QXmlStreamReader &xml, const Open &paren
 bool CatalogFile::addParam(QXmlStreamReader &xml, const Open &owner)
 {
     const QXmlStreamAttributes attributes = xml.attributes();
-    if (attributes.value(QLatin1String("placeholder")).isEmpty())
-        return fail(xml, QStringLiteral("<param> without placeholder"));
-    if (++m_records > kMaxRecords)
-        return fail(xml, QStringLiteral("more than %1 records").arg(kMaxRecords));
+    if (!admitRecord(xml, "param", {"placeholder"}))
+        return false;
     m_params.emplace_back();
     WCCatParameter_t *param = &m_params.back();
     copyText(param->UniqueId, nextId(QStringLiteral("param")));

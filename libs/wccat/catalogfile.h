@@ -5,6 +5,7 @@
 #include <QString>
 #include <deque>
 #include <map>
+#include <initializer_list>
 #include <vector>
 
 class QIODevice;
@@ -41,6 +42,7 @@ private:
     bool readCatalogue(QXmlStreamReader &xml);
     bool readClass(QXmlStreamReader &xml);
     bool readCodeTree(QXmlStreamReader &xml, WCCatCodeClass_t *codeClass);
+    bool admitRecord(QXmlStreamReader &xml, const char *element, std::initializer_list<const char *> required);
     WCCatBaseCode_t *addBaseCode(QXmlStreamReader &xml, WCCatCodeClass_t *codeClass);
     WCCatCharExt_t *addCharExt(QXmlStreamReader &xml, const Open &parent);
     bool addParam(QXmlStreamReader &xml, const Open &owner);

@@ -8,6 +8,7 @@
 #include "app/screenstack.h"
 #include "app/serviceabsent.h"
 #include "connectivity/wifi.h"
+#include "core/backgroundprocess.h"
 #include "core/consolesettings.h"
 #include "core/processcontroller.h"
 #include "core/singleton.h"
@@ -20,6 +21,7 @@
 #include "storage/reportmanager.h"
 #include "storage/storagebase.h"
 #include "survey/corvane/corvanecontroller.h"
+#include "survey/wincan/wincancontroller.h"
 #include "survey/ivideoscreen.h"
 #include "survey/surveymanager.h"
 #include "video/audio.h"
@@ -136,10 +138,10 @@ void Controller::applyApplicationStyle()
 void Controller::runVgaScript()
 {
     const bool external = ConsoleSettings().value(QStringLiteral("Display/External_Enabled")).toBool();
-    m_process = new QProcess(this);
-    m_process->start(QStringLiteral("/bin/sh"),
-                     {unitPath(QStringLiteral("/opt/hbi/bin/vga_set.sh")),
-                      external ? QStringLiteral("start") : QStringLiteral("stop")});
+    startInBackground(QStringLiteral("/bin/sh"),
+                      {unitPath(QStringLiteral("/opt/hbi/bin/vga_set.sh")),
+                       external ? QStringLiteral("start") : QStringLiteral("stop")},
+                      this);
     // Nothing here reads its answer, so the screens are built while it runs.
 }
 
@@ -163,6 +165,9 @@ void Controller::connectSurveyScreens()
     connect(corvane, &CorvaneController::selectWRCSiteInfoScreen, this, &Controller::selectWRCSiteInfoScreen);
     connect(corvane, &CorvaneController::selectWRCRunInfoScreen, this, &Controller::selectWRCRunInfoScreen);
     connect(corvane, &CorvaneController::selectEngNoteScreen, this, &Controller::selectEngNoteScreen);
+    WinCanController *wincan = WinCanController::instance();
+    connect(wincan, &WinCanController::selectWCProjectInfoScreen, this, &Controller::selectWCProjectInfoScreen);
+    connect(wincan, &WinCanController::selectWCSectionInfoScreen, this, &Controller::selectWCSectionInfoScreen);
 }
 
 void Controller::logSystemVersion()

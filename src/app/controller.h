@@ -14,7 +14,6 @@ class ExternalStorage;
 class ClockControl;
 class Microcontroller;
 class QKeyEvent;
-class QProcess;
 class QShortcut;
 class QTimer;
 class ScreenStack;
@@ -196,7 +195,6 @@ private:
     QShortcut *m_graphics_display = nullptr;
     QShortcut *m_set_counter = nullptr;
     float m_coiler_meterage = 0.76f;
-    QProcess *m_process = nullptr;
     bool powerBoardType = false;
     int m_progress = 0;
     int m_batteryTestLevel = 0;

@@ -19,6 +19,9 @@
 #include "survey/forms/runinfo.h"
 #include "survey/forms/siteinfo.h"
 #include "survey/forms/wrcruninfo.h"
+#include "survey/forms/wcprojectinfov4.h"
+#include "survey/forms/wcsectioninfopage2.h"
+#include "survey/forms/wcsectioninfov4.h"
 #include "survey/forms/wrcsiteinfo.h"
 #include "survey/surveymanager.h"
 #include "video/video.h"
@@ -129,9 +132,10 @@ void MainWindow::buildPages()
     addPage(m_help);
     m_siteInfo = addPage(titled(new SiteInfo(m_stack), QStringLiteral("Site Info Screen")));
     m_runInfo = addPage(titled(new RunInfo(m_stack), QStringLiteral("Run Info Screen")));
-    m_wcProjectInfo = addPlaceholderPage(QStringLiteral("WinCan Project Info Screen"));
-    m_wcSectionInfo = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen"));
-    m_wcSectionInfoPage2 = addPlaceholderPage(QStringLiteral("WinCan Section Info Screen 2"));
+    m_wcProjectInfo = addPage(titled(new WCProjectInfoV4(m_stack), QStringLiteral("WinCan Project Info Screen")));
+    m_wcSectionInfo = addPage(titled(new WCSectionInfoV4(m_stack), QStringLiteral("WinCan Section Info Screen")));
+    m_wcSectionInfoPage2 =
+        addPage(titled(new wcsectioninfopage2(m_stack), QStringLiteral("WinCan Section Info Screen 2")));
     m_engNote = addPage(titled(new engineersNotes(m_stack), QStringLiteral("Engineers Note Screen")));
     m_wrcSiteInfo = addPage(titled(new wrcsiteinfo(m_stack), QStringLiteral("WRC Site Info Screen")));
     m_wrcRunInfo = addPage(titled(new wrcruninfo(m_stack), QStringLiteral("WRC Run Info Screen")));
@@ -154,8 +158,11 @@ void MainWindow::setController(Controller *controller)
 
 void MainWindow::connectFormsTo(Controller *controller)
 {
-    for (BaseInfo *form : m_stack->findChildren<BaseInfo *>(QString(), Qt::FindDirectChildrenOnly))
+    for (BaseInfo *form : m_stack->findChildren<BaseInfo *>(QString(), Qt::FindDirectChildrenOnly)) {
         connect(form, &BaseInfo::selectVideoScreen, controller, &Controller::selectVideoScreen);
+        connect(form, &BaseInfo::selectWCSectionInfoScreen, controller, &Controller::selectWCSectionInfoScreen);
+        connect(form, &BaseInfo::selectWCSectionInfoScreen2, controller, &Controller::selectWCSectionInfoScreen2);
+    }
     if (auto *notes = qobject_cast<engineersNotes *>(m_engNote))
         connect(notes, &engineersNotes::selectVideoScreen, controller, &Controller::selectVideoScreen);
 }

@@ -5,13 +5,12 @@
 #include "reports/corvaneexport.h"
 #include "reports/graphicgen.h"
 #include "reports/ostrareportsplitter.h"
+#include "reports/reportlogo.h"
+#include "reports/wincanreport.h"
 
 #include <QDebug>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
-#include <QPainter>
-#include <QPixmap>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -24,10 +23,7 @@ const QString kObservationRowsMarker = QStringLiteral("<!--ObservationRows-->");
 const QString kObservationRowsFull = QStringLiteral("<!--ObservationRowsFull-->");
 const QString kEngineersNotesFile = QStringLiteral("EngineersNotes.txt");
 const QString kReportFile = QStringLiteral("Report.pdf");
-const QString kDefaultLogo = QStringLiteral("Logo-wback-btext.PNG");
 const QString kConverter = QStringLiteral("wkhtmltopdf");
-constexpr int kLogoWidth = 863;
-constexpr int kLogoHeight = 226;
 
 void removeIfPresent(const QString &path)
 {
@@ -81,6 +77,7 @@ exportPDF::~exportPDF()
 }
 
 QString exportPDF::workingCopyPath() { return unitPath(QStringLiteral("/opt/hbi/bin/PDF.txt")); }
+QString exportPDF::winCanWorkingCopyPath() { return unitPath(QStringLiteral("/opt/hbi/bin/WinCanPDF.txt")); }
 QString exportPDF::filledPath() { return unitPath(QStringLiteral("/opt/hbi/bin/PDFtemp.txt")); }
 QString exportPDF::htmlPath() { return unitPath(QStringLiteral("/opt/hbi/bin/PDF.html")); }
 
@@ -108,19 +105,25 @@ QStringList exportPDF::getObs(int job, int obs) const
     return jobs.value(job).value(obs);
 }
 
-void exportPDF::createPDF(QString projectDir)
+void exportPDF::startReport(QString projectDir)
 {
     if (!projectDir.endsWith(QLatin1Char('/')))
         projectDir += QLatin1Char('/');
     dir = projectDir;
     image_path = projectDir;
+    langDir = languageDir();
     jobs.clear();
     pipeInfo.clear();
     observation.clear();
     observation.reserve(100);
     jobs.reserve(20);
     pipeInfo.reserve(20);
+}
 
+void exportPDF::createPDF(QString projectDir)
+{
+    isWinCan = false;
+    startReport(projectDir);
     emit progress(tr("Filling report"));
     fillInfo();
 
@@ -134,16 +137,69 @@ void exportPDF::createPDF(QString projectDir)
     startConverter();
 }
 
+void exportPDF::createWinCanPDF(QString projectDir)
+{
+    isWinCan = true;
+    startReport(projectDir);
+    emit progress(tr("Filling report"));
+    parseXML();
+
+    emit progress(tr("Drawing pipe graphics"));
+    GraphicGen graphic;
+    graphic.setPath(image_path);
+    graphic.createWinCanPipe(jobs, pipeInfo);
+
+    txtPath = dir + kReportFile;
+    removeIfPresent(txtPath);
+    // Without the page the converter still runs, fails, and the survey goes on.
+    if (!QFile::exists(htmlPath()))
+        qWarning() << "nosuch file" << htmlPath();
+    startConverter();
+}
+
+// The WinCan report is filled from the project's exchange XML.
+void exportPDF::parseXML()
+{
+    removeIfPresent(workingCopyPath());
+    removeIfPresent(htmlPath());
+    removeIfPresent(winCanWorkingCopyPath());
+    if (!QFile::copy(langDir + QStringLiteral("WinCanPDFtemplate.txt"), winCanWorkingCopyPath()))
+        qWarning() << "Report template could not be copied" << langDir + QStringLiteral("WinCanPDFtemplate.txt");
+    if (!m_report.load(winCanWorkingCopyPath())) {
+        qWarning() << "file failed to open" << winCanWorkingCopyPath();
+        return;
+    }
+    WinCanReport report(&m_report, dir, langDir, imperialSetting);
+    report.begin();
+    const QStringList exports = QDir(dir).entryList({QStringLiteral("*.xml")}, QDir::Files);
+    if (exports.isEmpty())
+        qWarning() << "No WinCan export in" << dir << "to make a report from";
+    for (const QString &file : exports) {
+        // A file that cannot be read through ends the reading: no half-filled report.
+        if (!report.readFile(dir + file))
+            break;
+        // The last page ends the report rather than opening an empty one.
+        m_report.removeLastLine(kFooterLine);
+        writeHtml();
+    }
+    jobs = report.jobs();
+    pipeInfo = report.pipeInfo();
+}
+
 void exportPDF::startConverter()
 {
     m_converter = new QProcess(this);
     m_converter->setProcessChannelMode(QProcess::MergedChannels);
     connect(m_converter, &QProcess::readyRead, this, &exportPDF::converterOutput);
     connect(m_converter, &QProcess::errorOccurred, this, &exportPDF::converterFailed);
-    connect(m_converter, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            [this](int exitCode) { resizeFinishedOstra(exitCode); });
+    connect(m_converter, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, [this](int exitCode) {
+        if (isWinCan)
+            resizeFinished(exitCode);
+        else
+            resizeFinishedOstra(exitCode);
+    });
     emit progress(tr("Converting report"));
-    if (mLargeProject) {
+    if (mLargeProject && !isWinCan) {
         m_converter->start(QStringLiteral("/bin/sh"),
                            {unitPath(QStringLiteral("/opt/hbi/reporting/createPDF.sh")), txtPath});
     } else {
@@ -170,7 +226,23 @@ void exportPDF::converterFailed(QProcess::ProcessError error)
         return;
     qWarning() << "PDF converter could not be started, no report written:" << m_converter->program()
                << m_converter->errorString();
-    resizeFinishedOstra();
+    if (isWinCan)
+        resizeFinished();
+    else
+        resizeFinishedOstra();
+}
+
+void exportPDF::resizeFinished(int exitCode)
+{
+    if (exitCode != 0)
+        qWarning() << "PDF converter ended with exit code" << exitCode;
+    resizeFinished();
+}
+
+void exportPDF::resizeFinished()
+{
+    cleanUp();
+    emit pdfresizeFinished(image_path);
 }
 
 void exportPDF::resizeFinishedOstra(int exitCode)
@@ -217,7 +289,6 @@ void exportPDF::cleanUp()
 
 void exportPDF::fillInfo()
 {
-    langDir = languageDir();
     if (!langDir.endsWith(QLatin1Char('/')))
         langDir += QLatin1Char('/');
     mWrc = CorvaneExport::wrcFieldsWanted();
@@ -500,33 +571,9 @@ void exportPDF::fillPhotoSlot(const QStringList &obs, int number)
     m_report.replaceText(QStringLiteral("mComment%1").arg(picCount), obs.at(2));
 }
 
-void exportPDF::fillLogo()
-{
-    const QString logo = unitPath(QStringLiteral("/opt/hbi/logo.png"));
-    QString value = kDefaultLogo;
-    QPixmap pixmap;
-    if (QFile::exists(logo) && pixmap.load(logo)) {
-        QLabel label;
-        label.setFixedSize(kLogoWidth, kLogoHeight);
-        label.setAlignment(Qt::AlignCenter);
-        label.setAttribute(Qt::WA_TranslucentBackground);
-        label.setPixmap(pixmap.scaled(kLogoWidth, kLogoHeight, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-        QPixmap fitted(kLogoWidth, kLogoHeight);
-        fitted.fill(Qt::transparent);
-        label.render(&fitted, QPoint(), QRegion(), QWidget::DrawChildren);
-        const QString resized = unitPath(QStringLiteral("/opt/hbi/logo_resize.png"));
-        removeIfPresent(resized);
-        if (fitted.save(resized, "PNG"))
-            value = resized;
-    } else {
-        qInfo() << "No user logo, using default";
-    }
-    m_report.replaceText(QStringLiteral("mLogo"), value);
-}
-
 void exportPDF::finishFilling()
 {
-    fillLogo();
+    m_report.replaceText(QStringLiteral("mLogo"), fittedUserLogo());
     m_report.replaceText(QStringLiteral("mAddress"), address);
     m_report.replaceText(QStringLiteral("mStreet"), street);
     m_report.replaceText(QStringLiteral("mNoSite"), siteNumStr);
@@ -555,6 +602,11 @@ void exportPDF::finishFilling()
     else
         m_report.removeLastLine(kFooterLine);
 
+    writeHtml();
+}
+
+void exportPDF::writeHtml()
+{
     if (!m_report.write(filledPath()))
         qWarning() << "Error opening temp file" << filledPath();
     removeIfPresent(htmlPath());

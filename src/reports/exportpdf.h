@@ -9,12 +9,13 @@
 
 class QTimer;
 
-// Turns a finished ostra project into "Report.pdf" in its folder. The report's
-// HTML is filled from the project's text export and the unit's page templates,
-// GraphicGen draws the pipe pictures, and wkhtmltopdf, run as a separate
-// process, makes the PDF. Filling and drawing block the caller; the converter
-// does not, and its end arrives as pdfresizeFinishedOstra(). One object makes
-// one report; the receiver of that signal deletes it.
+// Turns a finished project into "Report.pdf" in its folder. The report's HTML
+// is filled from the project's export (the text export of an ostra project, the
+// exchange XML of a WinCan one) and the unit's page templates, GraphicGen draws
+// the pipe pictures, and wkhtmltopdf, run as a separate process, makes the PDF.
+// Filling and drawing block the caller; the converter does not, and its end
+// arrives as pdfresizeFinishedOstra() or, for WinCan, pdfresizeFinished(). One
+// object makes one report; the receiver of that signal deletes it.
 class exportPDF : public QObject
 {
     Q_OBJECT
@@ -31,6 +32,7 @@ public:
     ~exportPDF() override;
 
     void createPDF(QString projectDir);
+    void createWinCanPDF(QString projectDir);
 
     int getNoJobs() const;
     int getNoObs(int job) const;
@@ -39,16 +41,20 @@ public:
 
     // The files of the pipeline, as this process sees them.
     static QString workingCopyPath();
+    static QString winCanWorkingCopyPath();
     static QString filledPath();
     static QString htmlPath();
     static QString languageDir();
 
 signals:
+    void pdfresizeFinished(QString path);
     void pdfresizeFinishedOstra(QString path);
     // What the converter is doing, for the operator: "Converting report: 40%".
     void progress(QString text);
 
 public slots:
+    void resizeFinished(int exitCode);
+    void resizeFinished();
     void resizeFinishedOstra(int exitCode);
     void resizeFinishedOstra();
     void resizeDelay();
@@ -58,6 +64,8 @@ private slots:
     void converterFailed(QProcess::ProcessError error);
 
 private:
+    void startReport(QString projectDir);
+    void parseXML();
     void fillInfo();
     void prepareWorkingCopy(const QString &frame);
     void refreshStoreBadges();
@@ -75,8 +83,8 @@ private:
     void blankPhotoSlots();
     void fillNodes(bool withEngineer);
     void setPipePicture();
-    void fillLogo();
     void finishFilling();
+    void writeHtml();
     void startConverter();
     void cleanUp();
 
@@ -93,6 +101,7 @@ private:
     int picCount = 0;
     int pageCount = 0;
     int jobCount = 0;
+    bool isWinCan = false;
     bool mLargeProject = false;
     bool mWrc = false;
 

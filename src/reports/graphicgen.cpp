@@ -21,6 +21,8 @@
 #include <QSettings>
 #include <QtConcurrent>
 
+#include <cmath>
+
 namespace {
 
 // Where the pipe bitmaps put the pipe: its axis runs from the start manhole at
@@ -29,6 +31,9 @@ constexpr double kPipeStartX = 1145;
 constexpr double kPipeStartY = 228;
 constexpr double kDrawnLength = 1100.0;
 constexpr double kLabelRowSpacing = 40;
+// The WinCan page starts its labels higher, higher still after its first page.
+constexpr double kWinCanFirstPageLabelY = 120;
+constexpr double kWinCanLaterPageLabelY = 75;
 // Bars of continuous defects run beside the pipe on the side away from the labels.
 constexpr double kCdFirstOffset = 52;
 constexpr double kCdSpacing = 12;
@@ -97,6 +102,18 @@ void GraphicGen::createPipe(const QVector<Job> &jobs, const QVector<QStringList>
 {
     isWincan = false;
     pageSize = kCorvanePageSize;
+    drawAll(jobs, infos);
+}
+
+void GraphicGen::createWinCanPipe(const QVector<Job> &jobs, const QVector<QStringList> &infos)
+{
+    isWincan = true;
+    pageSize = kWinCanPageSize;
+    drawAll(jobs, infos);
+}
+
+void GraphicGen::drawAll(const QVector<Job> &jobs, const QVector<QStringList> &infos)
+{
     const QStringList old = QDir(prj_path).entryList({kPictureStem + QLatin1Char('*')}, QDir::Files | QDir::Hidden);
     for (const QString &file : old)
         QFile::remove(prj_path + file);
@@ -146,7 +163,9 @@ double GraphicGen::getDist(QString distance)
 {
     distance.remove(QStringLiteral("ft"));
     distance.remove(QStringLiteral("m"));
-    return distance.trimmed().toDouble();
+    // "nan" and "inf" read as numbers but have no place on a drawing.
+    const double value = distance.trimmed().toDouble();
+    return std::isfinite(value) ? value : 0.0;
 }
 
 double GraphicGen::getLength()
@@ -205,23 +224,28 @@ void GraphicGen::addPipeBitmap(const QString &name, double x, double y, double z
     item->setTransformationMode(Qt::SmoothTransformation);
 }
 
+// The ostra project keeps its depths in the section's file, the WinCan report
+// hands them over with the nodes.
+QString GraphicGen::nodeDepth(bool start) const
+{
+    if (isWincan)
+        return localInfo.value(int(currentJob)).value(start ? 3 : 4).trimmed();
+    return sectionDepth(prj_path, currentJob, start ? QStringLiteral("Section/Invert") : QStringLiteral("Section/EDepth"));
+}
+
 void GraphicGen::addNodeTexts(typeOfPipe type)
 {
     const QStringList info = localInfo.value(int(currentJob));
     QFont font(QStringLiteral("Times"), 24);
     font.setWeight(QFont::Bold);
     if (type == SOnly || type == SAndE) {
-        QGraphicsSimpleTextItem *startNode = Graphic->addSimpleText(
-            info.value(0).trimmed() + QLatin1Char('\t')
-                + sectionDepth(prj_path, currentJob, QStringLiteral("Section/Invert")),
-            font);
+        QGraphicsSimpleTextItem *startNode =
+            Graphic->addSimpleText(info.value(0).trimmed() + QLatin1Char('\t') + nodeDepth(true), font);
         startNode->setPos(1265, 60);
     }
     if (type == EOnly || type == SAndE) {
-        QGraphicsSimpleTextItem *endNode = Graphic->addSimpleText(
-            info.value(2).trimmed() + QLatin1Char('\t')
-                + sectionDepth(prj_path, currentJob, QStringLiteral("Section/EDepth")),
-            font);
+        QGraphicsSimpleTextItem *endNode =
+            Graphic->addSimpleText(info.value(2).trimmed() + QLatin1Char('\t') + nodeDepth(false), font);
         endNode->setPos(60, 880);
     }
     const bool upstream = info.value(1).trimmed() == QLatin1String("(U)");
@@ -268,41 +292,44 @@ void GraphicGen::drawPage(int page, int pageCount)
 
     scale = kDrawnLength / qAbs(getLength());
     restartOpenCDsAtPageStart();
+    m_pipePoints.clear();
     const Job &job = m_jobs.at(int(currentJob));
     for (int slot = 1; start + slot - 1 <= end; ++slot)
         drawObservation(job.at(start + slot - 2), slot, page);
-
-    switch (type) {
-    case SOnly:
-        cdEndStartNode();
-        break;
-    case None:
-        cdEndNoNode();
-        break;
-    case EOnly:
-        cdEndEndNode();
-        break;
-    case SAndE:
-        cdEndBothManholes();
-        break;
-    }
+    endPageCD(type);
     saveImage();
 }
 
-QString GraphicGen::observationText(const Observation &obs)
+QString GraphicGen::observationText(const Observation &obs) const
 {
+    if (isWincan)
+        return obs.value(3).trimmed();
     // distance, text  or  distance, picture, text[, mark]
     return obs.size() < 3 ? obs.value(1).trimmed() : obs.value(2).trimmed();
 }
 
-QString GraphicGen::defectMark(const Observation &obs)
+QString GraphicGen::labelText(const Observation &obs) const
 {
+    return isWincan ? (obs.value(1).trimmed() + QLatin1Char(' ') + observationText(obs)).trimmed()
+                    : observationText(obs);
+}
+
+QString GraphicGen::defectMark(const Observation &obs) const
+{
+    if (isWincan) {
+        const QString mark = obs.value(2).trimmed();
+        return mark == QLatin1String("N") ? QString() : mark;
+    }
     return obs.size() > 3 ? obs.at(3).trimmed() : QString();
 }
 
 void GraphicGen::drawObservation(const Observation &obs, int slot, int page)
 {
-    const double d = getDist(obs.value(0)) - startDist;
+    double d = getDist(obs.value(0)) - startDist;
+    // Observations all at one distance would draw their labels over each other:
+    // all but the last move to the top of the graphic.
+    if (isWincan && NoneObs && start + slot - 1 < end)
+        d = 0;
     const double x = getX(d);
     const double y = getY(d);
     const double px = kPipeStartX - x * scale;
@@ -310,6 +337,7 @@ void GraphicGen::drawObservation(const Observation &obs, int slot, int page)
 
     QGraphicsEllipseItem *dot = Graphic->addEllipse(px - 5, py - 5, 10, 10, QPen(Qt::black), QBrush(Qt::black));
     dot->setZValue(2);
+    m_pipePoints << QPointF(px, py);
     drawLabel(obs, x * scale, y * scale, slot, page);
 
     switch (handleJunction(obs, x, y)) {
@@ -323,27 +351,31 @@ void GraphicGen::drawObservation(const Observation &obs, int slot, int page)
         break;
     }
 
-    const QString mark = defectMark(obs);
-    if (mark.contains(QLatin1Char('F')))
-        parseCDEnd(mark, x, y);
-    else if (!mark.isEmpty())
-        parseCDStart(mark, x, y);
+    handleCD(defectMark(obs), x, y);
+}
+
+double GraphicGen::labelBaseY(int page) const
+{
+    if (!isWincan)
+        return 208;
+    return page == 1 ? kWinCanFirstPageLabelY : kWinCanLaterPageLabelY;
 }
 
 void GraphicGen::drawLabel(const Observation &obs, double sx, double sy, int slot, int page)
 {
     const QPen pen(Qt::black, 2);
     const double rowY = kLabelRowSpacing * slot;
+    const double base = labelBaseY(page);
     const QPointF pipePoint(kPipeStartX - sx, kPipeStartY + sy);
-    const QPointF bend(1300 - sx, 208 + sy + rowY);
-    const QPointF tail(1400 - sx, 209 + sy + rowY);
+    const QPointF bend(1300 - sx, base + sy + rowY + (isWincan ? 18 : 0));
+    const QPointF tail(1400 - sx, base + 1 + sy + rowY + (isWincan ? 13 : 0));
     Graphic->addLine(QLineF(pipePoint, bend), pen)->setZValue(3);
     Graphic->addLine(QLineF(bend, tail), pen)->setZValue(3);
     Graphic->addLine(QLineF(bend, tail), pen)->setZValue(3);
 
-    const int number = slot + page * 10 - 10;
+    const int number = slot + (page - 1) * pageSize;
     const QString label = QString::number(getDist(obs.value(0)), 'f', 1) + length_unit + QStringLiteral("  (")
-                          + QString::number(number) + QStringLiteral(") ") + observationText(obs);
+                          + QString::number(number) + QStringLiteral(") ") + labelText(obs);
     const int lines = wraptext(label);
     QString text = wrapLine1;
     if (lines > 1)
@@ -351,7 +383,9 @@ void GraphicGen::drawLabel(const Observation &obs, double sx, double sy, int slo
     if (lines > 2)
         text += QLatin1Char('\n') + wrapLine3;
     QGraphicsSimpleTextItem *item = Graphic->addSimpleText(text, m_labelFont);
-    item->setPos(tail.x() + 6, tail.y() - QFontMetricsF(m_labelFont).height() / 2);
+    const double textY = isWincan ? base + 1 + sy + rowY + 23 - QFontMetricsF(m_labelFont).height()
+                                  : tail.y() - QFontMetricsF(m_labelFont).height() / 2;
+    item->setPos(tail.x() + 6, textY);
     item->setZValue(3);
 }
 
@@ -411,6 +445,34 @@ GraphicGen::typeOfJunction GraphicGen::handleJunction(QStringList obs, double x,
 }
 
 // ---- Continuous defects ------------------------------------------------------------
+
+// A mark holding "F" finishes its defect, any other starts one.
+void GraphicGen::handleCD(const QString &mark, double x, double y)
+{
+    if (mark.contains(QLatin1Char('F')))
+        parseCDEnd(mark, x, y);
+    else if (!mark.isEmpty())
+        parseCDStart(mark, x, y);
+}
+
+// What is still open when a page ends runs to the page's edge or to its end manhole.
+void GraphicGen::endPageCD(typeOfPipe type)
+{
+    switch (type) {
+    case SOnly:
+        cdEndStartNode();
+        break;
+    case None:
+        cdEndNoNode();
+        break;
+    case EOnly:
+        cdEndEndNode();
+        break;
+    case SAndE:
+        cdEndBothManholes();
+        break;
+    }
+}
 
 int GraphicGen::cdNumber(const QString &mark)
 {
@@ -529,7 +591,8 @@ void GraphicGen::cdEndBothManholes()
 
 void GraphicGen::saveImage()
 {
-    QImage image(kImageWidth, kImageHeight, QImage::Format_ARGB32_Premultiplied);
+    QImage image = isWincan ? QImage(kWinCanImageWidth, kWinCanImageHeight, QImage::Format_ARGB32_Premultiplied)
+                            : QImage(kImageWidth, kImageHeight, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     const QRectF source = QRectF(0, 0, kImageWidth, kImageHeight).united(Graphic->itemsBoundingRect());
     {

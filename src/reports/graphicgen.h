@@ -6,6 +6,7 @@
 #include <QList>
 #include <QHash>
 #include <QPixmap>
+#include <QPointF>
 #include <QObject>
 #include <QStringList>
 #include <QThreadPool>
@@ -16,8 +17,9 @@ class QGraphicsScene;
 // Draws, for each job of a report, the surveyed pipe as one or more PNG pictures
 // "pipegraphic<job>_<page>.png" in the project folder: the pipe bitmap, every
 // observation placed along it with a leader line to a numbered label, junction
-// symbols and continuous-defect bars. Ten observations go on a page, and each
-// page has its own scale so its observations always spread over the whole pipe.
+// symbols and continuous-defect bars. Ten observations go on a page of the ostra
+// report, thirteen on a smaller one of the WinCan report, and each page has its
+// own scale so its observations always spread over the whole pipe.
 class GraphicGen : public QObject
 {
     Q_OBJECT
@@ -37,15 +39,19 @@ public:
         QColor line_colour;
     };
 
-    // One observation: distance with its unit, then text; or distance, picture
-    // (empty if none), text and an optional continuous-defect mark ("S2" starts
-    // defect 2, "F2" finishes it).
+    // One observation of the ostra report: distance with its unit, then text; or
+    // distance, picture (empty if none), text and an optional continuous-defect
+    // mark ("S2" starts defect 2, "F2" finishes it). Of the WinCan report:
+    // distance, code, mark ("N" for none), text, picture, remarks.
     using Observation = QStringList;
     using Job = QVector<Observation>;
 
     static constexpr int kCorvanePageSize = 10;
+    static constexpr int kWinCanPageSize = 13;
     static constexpr int kImageWidth = 1500;
     static constexpr int kImageHeight = 1400;
+    static constexpr int kWinCanImageWidth = 800;
+    static constexpr int kWinCanImageHeight = 600;
     static constexpr int kCdSlots = 5;
 
     explicit GraphicGen(QObject *parent = nullptr);
@@ -55,6 +61,9 @@ public:
     // Draws every page of every job; returns when all pictures are written.
     // infos holds per job: start node, direction code, end node.
     void createPipe(const QVector<Job> &jobs, const QVector<QStringList> &infos);
+    // The same for the WinCan report; infos hold per job start node, direction
+    // code, end node, start depth and end depth.
+    void createWinCanPipe(const QVector<Job> &jobs, const QVector<QStringList> &infos);
 
     // The pages of the current job: observations on each.
     int getNoPages();
@@ -70,16 +79,18 @@ public:
     double getJNX() const { return junctionX; }
     double getJNY() const { return junctionY; }
 
-    // For tests: the state of the page last laid out.
+    // For tests: the state of the page last laid out and where its observations went.
     const QVector<int> &pageList() const { return pages; }
     double pageStartDistance() const { return startDist; }
     double pageScale() const { return scale; }
     QString wrappedLine(int line) const;
     QString pictureFile(int job, int page) const;
+    const QVector<QPointF> &pipePoints() const { return m_pipePoints; }
 
     void CleanUp();
 
 private:
+    void drawAll(const QVector<Job> &jobs, const QVector<QStringList> &infos);
     void drawJob();
     void drawEmptyJob();
     void drawPage(int page, int pageCount);
@@ -88,10 +99,15 @@ private:
     void addPipeBitmap(const QString &name, double x, double y, double z = 0);
     void addNodeTexts(typeOfPipe type);
     bool loadBitmap(const QString &name, QPixmap *pixmap);
-    static QString observationText(const Observation &obs);
-    static QString defectMark(const Observation &obs);
+    QString observationText(const Observation &obs) const;
+    QString labelText(const Observation &obs) const;
+    QString defectMark(const Observation &obs) const;
+    QString nodeDepth(bool start) const;
+    double labelBaseY(int page) const;
 
     // Continuous defects.
+    void handleCD(const QString &mark, double x, double y);
+    void endPageCD(typeOfPipe type);
     void parseCDStart(const QString &mark, double x, double y);
     void parseCDEnd(const QString &mark, double x, double y);
     void cdEndBothManholes();
@@ -132,6 +148,7 @@ private:
     bool NoneObs = false;
     bool m_bitmapFailed = false;
     QVector<contDefect_t> cd_list;
+    QVector<QPointF> m_pipePoints;
     double junctionX = 0;
     double junctionY = 0;
     QFont m_labelFont;

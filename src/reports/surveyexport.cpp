@@ -4,6 +4,7 @@
 
 #include <QDebug>
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QSettings>
 #include <utility>
@@ -74,9 +75,29 @@ QString SurveyExport::settingText(const QSettings &settings, const QString &key)
     return value.toString();
 }
 
+QString SurveyExport::xmlText(QString text)
+{
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
+            ++i;
+            continue;
+        }
+        const bool control = c.unicode() < 0x20 && c != QLatin1Char('\t') && c != QLatin1Char('\n') && c != QLatin1Char('\r');
+        if (control || c.isSurrogate() || c.unicode() == 0xFFFE || c.unicode() == 0xFFFF)
+            text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
 void SurveyExport::clearCache()
 {
     const QString script = clearCacheScript();
+    // A unit without the script has no cache to clear; a shell that fails to find it says less than this.
+    if (!QFile::exists(script)) {
+        qWarning() << "No cache script at" << script;
+        return;
+    }
     if (!QProcess::startDetached(QStringLiteral("/bin/sh"), {script}))
         qWarning() << "Could not start" << script;
 }

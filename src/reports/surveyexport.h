@@ -28,6 +28,9 @@ public:
     static QString fileSafeName(const QString &name);
     // A settings value as the text the operator typed.
     static QString settingText(const QSettings &settings, const QString &key);
+    // The text with every character XML 1.0 cannot carry replaced: a stray control
+    // byte in a remark or a damaged settings file would make the whole file unreadable.
+    static QString xmlText(QString text);
 
 protected:
     // The project's section directories, oldest modification first: the job order.

@@ -82,23 +82,6 @@ const HeaderField kHeaderFields[] = {
     {"MethodOfInspection", Source::kSection, "Section/Method", kError, Rule::kAlways, false, true},
 };
 
-// Characters XML 1.0 cannot carry at all; a stray control byte in a remark or a
-// damaged settings file would otherwise make the whole file unreadable.
-QString xmlSafe(QString text)
-{
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar c = text.at(i);
-        if (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
-            ++i;
-            continue;
-        }
-        const bool control = c.unicode() < 0x20 && c != QLatin1Char('\t') && c != QLatin1Char('\n') && c != QLatin1Char('\r');
-        if (control || c.isSurrogate() || c.unicode() == 0xFFFE || c.unicode() == 0xFFFF)
-            text[i] = QChar::ReplacementCharacter;
-    }
-    return text;
-}
-
 // A selection stored with its code, "Foul (F)", is exported as the code alone.
 QString codeOf(const QString &value)
 {
@@ -269,7 +252,7 @@ void WRCExport::WRCExport_WriteElement(QString tag, QString value, bool stripCod
 
 void WRCExport::writeText(const QString &tag, const QString &value)
 {
-    WRCExport_Writer->writeTextElement(tag, xmlSafe(value));
+    WRCExport_Writer->writeTextElement(tag, SurveyExport::xmlText(value));
 }
 
 void WRCExport::WRCExport_WriteObservations(QString sectionDir)

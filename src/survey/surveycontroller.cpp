@@ -3,6 +3,9 @@
 #include "survey/ivideoscreen.h"
 #include "survey/observationline.h"
 #include "survey/surveymanager.h"
+#include "survey/surveypaths.h"
+#include "survey/wincan/cddatabase.h"
+#include "storage/folderscan.h"
 
 #include <QDebug>
 
@@ -45,7 +48,7 @@ void SurveyController::handleExit()
 {
     SurveyManager *manager = SurveyManager::instance();
     if (manager->type() == SurveyManager::kSurveyType_WINCAN)
-        qInfo() << "Continuous-defect database not built yet: nothing to reset on leaving WinCan";
+        CDDatabase::instance()->reset();
     manager->setType(SurveyManager::kSurveyType_BASIC);
     if (m_video)
         m_video->setLogo(SurveyManager::kSurveyType_BASIC);
@@ -60,4 +63,29 @@ void SurveyController::handleWasEnabled(bool enabled)
 {
     if (enabled && m_video)
         m_video->hidePageOverlay();
+}
+
+void SurveyController::showMenu(const QString &title, const QStringList &rows, const char *slot)
+{
+    if (m_video)
+        m_video->showMenu(title, rows, this, slot, false);
+}
+
+void SurveyController::showNote(const QString &text, const char *slot)
+{
+    if (m_video)
+        m_video->showMessage(tr("Note:"), {text}, slot ? this : nullptr, slot);
+}
+
+QStringList SurveyController::projectFolders(const QString &devicePath, const QString &suffix)
+{
+    // The media browser's order for projects: the one worked on last comes first.
+    const QVector<ListerItem> folders =
+        FolderScan::entries(SurveyPaths::surveyRoot(devicePath), FolderScan::kFolders, FolderScan::kNewestFirst);
+    QStringList names;
+    for (const ListerItem &folder : folders) {
+        if (folder.name.endsWith(suffix))
+            names << folder.name;
+    }
+    return names;
 }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 class IVideoScreen;
 
@@ -36,7 +37,7 @@ public:
     // A project mode records only into an open section; the manager asks before
     // every recording and closes the section when the recording ends.
     virtual bool sectionOpen() const { return m_sectionOpen; }
-    void setSectionOpen(bool open) { m_sectionOpen = open; }
+    virtual void setSectionOpen(bool open) { m_sectionOpen = open; }
 
 signals:
     void started();
@@ -55,6 +56,12 @@ protected slots:
 protected:
     // The extension of the mode's data files (".bdb", ".sdb", ".wdb").
     virtual QString dbExt() const = 0;
+
+    // The mode's menus and notes on the video screen, answering to this object.
+    void showMenu(const QString &title, const QStringList &rows, const char *slot);
+    void showNote(const QString &text, const char *slot = nullptr);
+    // The project folders ending in suffix on the device, the one worked on last first.
+    static QStringList projectFolders(const QString &devicePath, const QString &suffix);
 
     bool m_enabled = false;
     bool m_EditSection = false;

@@ -12,6 +12,7 @@
 #include "survey/corvane/corvanedata.h"
 #include "survey/corvane/wrcchain.h"
 #include "survey/observationline.h"
+#include "survey/wincan/wincancontroller.h"
 #include "survey/wincan/wincandata.h"
 #include "widgets/hbimessagebox.h"
 #include "widgets/p_lineedit.h"
@@ -55,6 +56,7 @@ SurveyManager::SurveyManager(IVideoScreen *video, QObject *parent) : QObject(par
     basic->setVideoScreen(video);
     registerController(kSurveyType_BASIC, basic);
     registerController(kSurveyType_CORVANE, CorvaneController::instance(this));
+    registerController(kSurveyType_WINCAN, WinCanController::instance(this));
 
     checkProjectSizeTimer = new QTimer(this);
     connect(checkProjectSizeTimer, &QTimer::timeout, this, &SurveyManager::largeProjectCheck);
@@ -86,6 +88,11 @@ SurveyController *SurveyManager::controller() const
 CorvaneController *SurveyManager::corvane() const
 {
     return qobject_cast<CorvaneController *>(m_controllers[kSurveyType_CORVANE]);
+}
+
+WinCanController *SurveyManager::winCan() const
+{
+    return m_type == kSurveyType_WINCAN ? qobject_cast<WinCanController *>(m_controllers[kSurveyType_WINCAN]) : nullptr;
 }
 
 void SurveyManager::askModeController(const char *step)
@@ -165,16 +172,16 @@ void SurveyManager::handleText(QChar key)
         return;
     if (m_type == kSurveyType_CORVANE && corvane())
         corvane()->wrcChain()->text_key(key);
-    else
-        askModeController(qPrintable(QStringLiteral("Text key ") + key));
+    else if (WinCanController *wincan = winCan())
+        wincan->text_key(key);
 }
 
 void SurveyManager::appendEndNodeRef(QString ref)
 {
     if (m_type == kSurveyType_CORVANE && corvane())
         corvane()->updateEndNode(ref);
-    else if (isProjectMode())
-        askModeController(qPrintable(QStringLiteral("End node ") + ref));
+    else if (WinCanController *wincan = winCan())
+        wincan->updateEndNodeRef(ref);
 }
 
 void SurveyManager::handlestreamRecord(QString ip, QString port)
@@ -348,8 +355,9 @@ void SurveyManager::askStartQuestions()
             ostra->startostraPopUp();
         else
             askModeController("Ostra start pop-up");
-    } else if (m_type == kSurveyType_WINCAN) {
-        askModeController("WinCan start questions");
+    } else if (WinCanController *wincan = winCan()) {
+        // MSCC-3 surveys record without node questions.
+        wincan->startUpQuestions();
     }
 }
 
@@ -386,6 +394,12 @@ bool SurveyManager::askEndQuestions()
     }
     if (ostra) {
         ostra->wrcChain()->showEndQuestions();
+        return true;
+    }
+    WinCanController *wincan = winCan();
+    if (wincan && WinCanController::asksNodeQuestions()) {
+        // The video runs on until the questions end the recording.
+        wincan->stopQuestions();
         return true;
     }
     // Until the project modes ask their end questions, their recordings end as a

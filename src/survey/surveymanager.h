@@ -8,6 +8,7 @@
 
 class CameraWarnings;
 class CorvaneController;
+class WinCanController;
 class HBIMessageBox;
 class IVideoScreen;
 class QTimer;
@@ -135,6 +136,8 @@ private:
     SurveyController *controller() const;
     // The ostra mode's own flow, when that is the controller registered for it.
     CorvaneController *corvane() const;
+    // The WinCan mode's own flow while WinCan is the current mode.
+    WinCanController *winCan() const;
     bool isProjectMode() const { return m_type == kSurveyType_CORVANE || m_type == kSurveyType_WINCAN; }
     // The steps the Corvane and WinCan flows take over. askEndQuestions is true
     // when the mode ends the recording itself, after its questions.

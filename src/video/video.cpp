@@ -4,6 +4,7 @@
 #include "core/uikeys.h"
 #include "core/unitpaths.h"
 #include "reports/corvaneexport.h"
+#include "reports/miraculixexport.h"
 #include "reports/wrcexport.h"
 #include "survey/surveydata.h"
 #include "video/camera.h"
@@ -201,11 +202,11 @@ void Video::handleVideoRecordingComplete()
     }
     const QString directory = survey()->getDirectory();
     switch (m_surveyType) {
+    // Kept current after every recording, not only when the project is finalised.
     case SurveyManager::kSurveyType_WINCAN:
-        qInfo().noquote() << "MiraculIX export of" << directory << "not available in this build";
+        MiraculIXExport(directory, QString()).startExport();
         break;
     case SurveyManager::kSurveyType_CORVANE:
-        // Kept current after every recording, not only when the project is finalised.
         CorvaneExport(directory, QString()).startExport();
         WRCExport::exportIfWanted(directory);
         break;

@@ -5,6 +5,7 @@
 #include "support/logcapture.h"
 #include "support/projecttree.h"
 #include "support/testunit.h"
+#include "support/xmltree.h"
 
 #include <QXmlStreamReader>
 #include <QtTest>
@@ -62,33 +63,12 @@ struct Survey {
 QList<Survey> parse(const QByteArray &xml, QString *error)
 {
     QList<Survey> surveys;
-    QXmlStreamReader reader(xml);
-    QStringList path;
-    QStringList observation;
-    while (!reader.atEnd()) {
-        reader.readNext();
-        if (reader.isStartElement()) {
-            path << reader.name().toString();
-            if (reader.name() == QLatin1String("Survey"))
-                surveys << Survey();
-            else if (reader.name() == QLatin1String("Observation"))
-                observation.clear();
-            else if (reader.name() == QLatin1String("PhotographRefs"))
-                observation << QStringLiteral("PhotographRefs=");
-        } else if (reader.isEndElement()) {
-            const QString name = path.takeLast();
-            if (name == QLatin1String("Observation"))
-                surveys.last().observations << observation.join('|');
-        } else if (reader.isCharacters() && !reader.isWhitespace() && path.size() >= 4) {
-            const QString pair = path.last() + '=' + reader.text().toString();
-            if (path.at(2) == QLatin1String("Header"))
-                surveys.last().header << pair;
-            else if (path.at(2) == QLatin1String("Observations"))
-                observation << pair;
-        }
+    for (const XmlNode &survey : XmlNode::parse(xml, error).all("Survey")) {
+        QStringList observations;
+        for (const XmlNode &observation : survey.first("Observations").all("Observation"))
+            observations << observation.flattened().join('|');
+        surveys << Survey{survey.first("Header").fields(), observations};
     }
-    if (reader.hasError())
-        *error = reader.errorString() + QStringLiteral(" at line %1").arg(reader.lineNumber());
     return surveys;
 }
 

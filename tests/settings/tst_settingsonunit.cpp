@@ -15,6 +15,7 @@
 #include "settings/settingsform.h"
 #include "settings/settingsnetwork.h"
 #include "storage/externalstorage.h"
+#include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "video/video.h"
@@ -33,10 +34,9 @@ class TestSettingsOnUnit : public QObject
     Q_OBJECT
 
     TestUnit m_unit;
-    MainWindow *m_window = nullptr;
-    KeypadOperator *m_operator = nullptr;
+    ConsoleOnUnit m_console;
 
-    Settings *settings() const { return qobject_cast<Settings *>(m_window->page(Controller::kScreenSettings)); }
+    Settings *settings() const { return qobject_cast<Settings *>(m_console.window->page(Controller::kScreenSettings)); }
 
     SettingsForm *formWith(const QString &key) const
     {
@@ -51,7 +51,7 @@ class TestSettingsOnUnit : public QObject
     bool goToTab(int tab)
     {
         for (int i = 0; i < Settings::kTabCount && settings()->activeTab() != tab; ++i)
-            m_operator->key(Qt::Key_PageDown);
+            m_console.keypad->key(Qt::Key_PageDown);
         return settings()->activeTab() == tab;
     }
 
@@ -59,7 +59,7 @@ class TestSettingsOnUnit : public QObject
     bool downTo(QWidget *widget)
     {
         for (int i = 0; i < 20 && QApplication::focusWidget() != widget; ++i)
-            m_operator->key(Qt::Key_Down);
+            m_console.keypad->key(Qt::Key_Down);
         return QApplication::focusWidget() == widget;
     }
 
@@ -73,17 +73,10 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_unit.isValid());
-        m_window = new MainWindow;
-        m_operator = new KeypadOperator(m_window);
-        Controller::create(m_window, m_window);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window));
-        QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
-        m_operator->key(Qt::Key_Return);
-        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        QVERIFY(m_console.logIn());
         QTRY_COMPARE_WITH_TIMEOUT(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSB1), 5000);
-        m_operator->key(Ui::Key_Settings);
-        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenSettings));
+        m_console.keypad->key(Ui::Key_Settings);
+        QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenSettings));
     }
 
     void joinANetwork()
@@ -93,12 +86,12 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(page->shownNetworks().contains(QStringLiteral("Van Hotspot")), 20000);
         const int row = page->shownNetworks().indexOf(QStringLiteral("Van Hotspot"));
         for (int i = 0; i < row; ++i)
-            m_operator->key(Qt::Key_Down);
-        m_operator->key(Qt::Key_Return);
-        QVERIFY(m_operator->answerText(QStringLiteral("Enter Password:"), QStringLiteral("rodding rain")));
+            m_console.keypad->key(Qt::Key_Down);
+        m_console.keypad->key(Qt::Key_Return);
+        QVERIFY(m_console.keypad->answerText(QStringLiteral("Enter Password:"), QStringLiteral("rodding rain")));
         QTRY_COMPARE_WITH_TIMEOUT(Wifi::instance()->ssid(), QStringLiteral("Van Hotspot"), 30000);
         // 35 of 70: the strip shows medium strength.
-        WifiIndicator *indicator = qobject_cast<Video *>(m_window->page(Controller::kScreenVideo))->indicators()->wifi();
+        WifiIndicator *indicator = qobject_cast<Video *>(m_console.window->page(Controller::kScreenVideo))->indicators()->wifi();
         QTRY_COMPARE_WITH_TIMEOUT(indicator->wifiPicture(), QStringLiteral(":/graphics/wifi_medium.png"), 15000);
         QTRY_VERIFY_WITH_TIMEOUT(page->statusText().contains(QStringLiteral("Connected to Van Hotspot")), 15000);
         QCOMPARE(ConsoleSettings().value(QStringLiteral("WiFi/Password")).toString(), QStringLiteral("rodding rain"));
@@ -110,10 +103,10 @@ private slots:
         SettingsForm *text = formWith(QStringLiteral("Overlay/dateColour"));
         QCOMPARE(text->labelText(QStringLiteral("Overlay/dateColour")), QStringLiteral("Date colour"));
         QVERIFY(downTo(formWith(QStringLiteral("Language/code"))->field(QStringLiteral("Language/code"))));
-        m_operator->key(Qt::Key_Right);
+        m_console.keypad->key(Qt::Key_Right);
         QTRY_COMPARE(text->labelText(QStringLiteral("Overlay/dateColour")), QStringLiteral("Date color"));
         QCOMPARE(ConsoleSettings::languageCode(), QStringLiteral("en-US"));
-        m_operator->key(Qt::Key_Left);
+        m_console.keypad->key(Qt::Key_Left);
         QTRY_COMPARE(text->labelText(QStringLiteral("Overlay/dateColour")), QStringLiteral("Date colour"));
         QCOMPARE(ConsoleSettings::languageCode(), QStringLiteral("en-GB"));
     }
@@ -124,12 +117,12 @@ private slots:
         SettingsClock *clock = settings()->clockTab();
         QVERIFY(downTo(clock->dateField()));
         clock->dateField()->selectAll();
-        m_operator->type(QStringLiteral("24122027"));
+        m_console.keypad->type(QStringLiteral("24122027"));
         QVERIFY(downTo(clock->timeField()));
         clock->timeField()->selectAll();
-        m_operator->type(QStringLiteral("0730"));
+        m_console.keypad->type(QStringLiteral("0730"));
         QVERIFY(downTo(clock->findChild<QWidget *>(QStringLiteral("setClock"))));
-        m_operator->key(Qt::Key_Return);
+        m_console.keypad->key(Qt::Key_Return);
         QTRY_COMPARE(requestedTime(), QStringLiteral("2027/12/24 07:30:00"));
         QVERIFY(clock->resultText().contains(QStringLiteral("24/12/2027 07:30")));
     }
@@ -138,12 +131,12 @@ private slots:
     {
         QVERIFY(goToTab(Settings::kTabService));
         ServiceConsole *console = settings()->serviceTab();
-        m_operator->key(Qt::Key_Return);
-        QVERIFY(m_operator->answerText(QStringLiteral("Service Code"), ServiceConsole::serviceCode()));
+        m_console.keypad->key(Qt::Key_Return);
+        QVERIFY(m_console.keypad->answerText(QStringLiteral("Service Code"), ServiceConsole::serviceCode()));
         QTRY_VERIFY(console->isUnlocked());
         // The code dialog has gone; the window takes the keys again at the next one.
-        QTRY_COMPARE(m_window->focusWidget(), static_cast<QWidget *>(console->button(ServiceConsole::kSaveLogs)));
-        m_operator->key(Qt::Key_Return);
+        QTRY_COMPARE(m_console.window->focusWidget(), static_cast<QWidget *>(console->button(ServiceConsole::kSaveLogs)));
+        m_console.keypad->key(Qt::Key_Return);
         QTRY_VERIFY(console->resultText().contains(QStringLiteral("logs saved")));
         const QDir service(m_unit.path(QStringLiteral("/media/usb1/ductline-service")));
         const QStringList logs = service.entryList({QStringLiteral("logs-*")}, QDir::Dirs | QDir::NoDotAndDotDot);
@@ -152,35 +145,35 @@ private slots:
         QVERIFY(QFile::exists(service.filePath(logs.first() + QStringLiteral("/unitkit.log"))));
 
         QVERIFY(downTo(console->button(ServiceConsole::kSaveSettings)));
-        m_operator->key(Qt::Key_Return);
+        m_console.keypad->key(Qt::Key_Return);
         QTRY_COMPARE(console->resultText(), QStringLiteral("Settings saved to the USB stick"));
         ConsoleSettings().setValue(QStringLiteral("WiFi/Password"), QStringLiteral("changed since"));
 
         QVERIFY(downTo(console->button(ServiceConsole::kLoadSettings)));
-        m_operator->key(Qt::Key_Return);
+        m_console.keypad->key(Qt::Key_Return);
         QTRY_VERIFY(console->resultText().contains(QStringLiteral("settings loaded")));
         QCOMPARE(ConsoleSettings().value(QStringLiteral("WiFi/Password")).toString(), QStringLiteral("rodding rain"));
     }
 
     void openHelpAndLeaveIt()
     {
-        m_operator->key(Ui::Key_Help);
-        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenHelp));
-        auto *help = qobject_cast<HelpScreen *>(m_window->page(Controller::kScreenHelp));
+        m_console.keypad->key(Ui::Key_Help);
+        QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenHelp));
+        auto *help = qobject_cast<HelpScreen *>(m_console.window->page(Controller::kScreenHelp));
         QTRY_COMPARE(help->title(), QStringLiteral("Ductline help"));
         QVERIFY(help->page().endsWith(QStringLiteral("/opt/hbi/languages/en-GB/help/index.html")));
         // The whole page fits the width of the screen: nothing to scroll sideways.
         QVERIFY(!help->browser()->horizontalScrollBar()->isVisible());
-        m_operator->key(Qt::Key_Escape);
-        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenSettings));
-        m_operator->key(Qt::Key_Escape);
-        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        m_console.keypad->key(Qt::Key_Escape);
+        QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenSettings));
+        m_console.keypad->key(Qt::Key_Escape);
+        QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenVideo));
     }
 
     void cleanupTestCase()
     {
-        delete m_window;
-        delete m_operator;
+        delete m_console.window;
+        delete m_console.keypad;
     }
 };
 

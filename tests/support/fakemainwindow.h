@@ -38,6 +38,9 @@ public:
 public slots:
     void setController(Controller *c) { controller = c; }
     void handleComment(QKeyEvent &) {}
+    // The link state the controller hands to the real window's status strip.
+    void updateWifiIcon(int) {}
+    void setTethered(bool) {}
 
 private:
     int m_current = -1;

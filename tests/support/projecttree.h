@@ -7,15 +7,25 @@
 #include <QtTest>
 #include <sys/time.h>
 
-// A Corvane project folder laid out as the survey writes it.
+// A project folder laid out as the survey writes it: a Corvane project
+// ("Oak Road.sur", ".sdb" files) or a WinCan one ("Oak Road.wcs", ".wdb" files).
 class ProjectTree
 {
 public:
-    ProjectTree() { QDir().mkpath(path()); }
+    enum class Mode { kCorvane, kWinCan };
 
-    QString path() const { return m_dir.path() + "/Oak Road.sur/"; }
+    explicit ProjectTree(Mode mode = Mode::kCorvane)
+        : m_folder(mode == Mode::kWinCan ? "/Oak Road.wcs/" : "/Oak Road.sur/"),
+          m_extension(mode == Mode::kWinCan ? ".wdb" : ".sdb")
+    {
+        QDir().mkpath(path());
+    }
 
-    void setProject(const QVariantMap &fields) const { writeSettings(path() + ".project.sdb", "Project", fields); }
+    QString path() const { return m_dir.path() + m_folder; }
+    // ".section.sdb", ".observations.wdb" and so on, as this mode names them.
+    QString fileName(const QString &kind) const { return '.' + kind + m_extension; }
+
+    void setProject(const QVariantMap &fields) const { writeSettings(path() + fileName("project"), "Project", fields); }
 
     // Sections are dated a minute apart in the order they are added, unless told otherwise.
     QString addSection(const QString &name, const QVariantMap &fields, const QStringList &observations,
@@ -23,9 +33,9 @@ public:
     {
         const QString dir = path() + name;
         QDir().mkpath(dir);
-        writeSettings(dir + "/.section.sdb", "Section", fields);
+        writeSettings(dir + '/' + fileName("section"), "Section", fields);
         if (!observations.isEmpty())
-            writeFile(dir + "/.observations.sdb", (observations.join("\r\n") + "\r\n").toUtf8());
+            writeFile(dir + '/' + fileName("observations"), (observations.join("\r\n") + "\r\n").toUtf8());
         setModified(dir, minutesAfterStart < 0 ? ++m_sections : minutesAfterStart);
         return dir;
     }
@@ -58,5 +68,7 @@ private:
     }
 
     QTemporaryDir m_dir;
+    const QString m_folder;
+    const QString m_extension;
     int m_sections = 0;
 };

@@ -5,6 +5,7 @@
 #include "app/mainwindow.h"
 #include "core/uikeys.h"
 #include "storage/externalstorage.h"
+#include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
@@ -18,8 +19,7 @@ class TestBasicOnUnit : public QObject
     Q_OBJECT
 
     TestUnit m_unit;
-    MainWindow *m_window = nullptr;
-    KeypadOperator *m_operator = nullptr;
+    ConsoleOnUnit m_console;
 
     static SurveyManager *survey() { return SurveyManager::instance(); }
 
@@ -41,26 +41,19 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_unit.isValid());
-        m_window = new MainWindow;
-        m_operator = new KeypadOperator(m_window);
-        Controller::create(m_window, m_window);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window));
-        QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
-        m_operator->key(Qt::Key_Return);
-        QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        QVERIFY(m_console.logIn());
         QTRY_COMPARE_WITH_TIMEOUT(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSB1), 5000);
     }
 
     void recordSnapshotAndStopOntoTheStick()
     {
-        m_operator->key(Ui::Key_MediaRecord);
+        m_console.keypad->key(Ui::Key_MediaRecord);
         QTRY_COMPARE_WITH_TIMEOUT(survey()->status(), SurveyManager::Recording, 10000);
         const QString folder = sectionFolder();
         QVERIFY2(QDir(folder).dirName().contains(QRegularExpression("^\\d{8}-\\d{6}$")), qPrintable(folder));
 
         // A basic survey takes the picture without asking for a comment.
-        m_operator->key(Ui::Key_Snapshot);
+        m_console.keypad->key(Ui::Key_Snapshot);
         QTRY_VERIFY(QFile::exists(folder + QStringLiteral("/Snap0000.jpg")));
 
         // The stick goes while recording: the survey keeps its device to the end.
@@ -69,7 +62,7 @@ private slots:
         QCOMPARE(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSB1));
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(folder + QStringLiteral("/video.mp4")).size() > 0, 10000);
 
-        m_operator->key(Ui::Key_MediaStop);
+        m_console.keypad->key(Ui::Key_MediaStop);
         QTRY_COMPARE_WITH_TIMEOUT(survey()->status(), SurveyManager::Idle, 10000);
         QTRY_COMPARE_WITH_TIMEOUT(ExternalStorage::instance()->saveIndex(), int(StorageBase::kStorageUSD), 5000);
 
@@ -85,8 +78,8 @@ private slots:
 
     void cleanupTestCase()
     {
-        delete m_window;
-        delete m_operator;
+        delete m_console.window;
+        delete m_console.keypad;
     }
 };
 

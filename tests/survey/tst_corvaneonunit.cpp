@@ -7,6 +7,7 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "core/uikeys.h"
+#include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
@@ -26,42 +27,34 @@ private slots:
     void finaliseReportByKeys();
 
 private:
-    void key(int key) { m_operator->key(key); }
-    void type(const QString &text) { m_operator->type(text); }
-    bool answerText(const QString &title, const QString &text) { return m_operator->answerText(title, text); }
-    bool answerMenu(const QString &title, int row) { return m_operator->answerMenu(title, row); }
+    void key(int key) { m_console.keypad->key(key); }
+    void type(const QString &text) { m_console.keypad->type(text); }
+    bool answerText(const QString &title, const QString &text) { return m_console.keypad->answerText(title, text); }
+    bool answerMenu(const QString &title, int row) { return m_console.keypad->answerMenu(title, row); }
     void saveProjectForm(const QString &siteName);
     bool recordSection(const QString &section, const QString &startNode, const QString &endNode, const QString &comment);
     QString readFile(const QString &path) const;
 
     TestUnit m_unit;
     BoxAnswerer m_answerer;
-    MainWindow *m_window = nullptr;
-    KeypadOperator *m_operator = nullptr;
+    ConsoleOnUnit m_console;
 };
 
 void TestCorvaneOnUnit::initTestCase()
 {
     QVERIFY(m_unit.isValid());
-    m_window = new MainWindow;
-    m_operator = new KeypadOperator(m_window);
-    Controller::create(m_window, m_window);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
-    QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
-    key(Qt::Key_Return);
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    QVERIFY(m_console.logIn());
 }
 
 // The project form opens on the site name; the mode key saves it after a
 // Yes to the form's question, which the answerer gives with Return.
 void TestCorvaneOnUnit::saveProjectForm(const QString &siteName)
 {
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenSiteInfo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenSiteInfo));
     type(siteName);
     key(Ui::Key_Survey);
     QCOMPARE(m_answerer.informativeTexts, QStringList{QStringLiteral("Would you like to save and continue?")});
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenVideo));
 }
 
 // From the note that a section is ready to the end of its recording.
@@ -126,7 +119,7 @@ void TestCorvaneOnUnit::projectOfTwoSectionsByKeys()
 
     // The mode key, pressed while the note that the section is over still shows,
     // closes it and opens the menu for "New Section".
-    QVERIFY(m_operator->waitForDialog(QStringLiteral("Note:")));
+    QVERIFY(m_console.keypad->waitForDialog(QStringLiteral("Note:")));
     key(Ui::Key_Survey);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 1));
     QVERIFY(recordSection(project + QStringLiteral("section_2"), QStringLiteral("MH2"), QStringLiteral("MH3"),
@@ -146,7 +139,7 @@ void TestCorvaneOnUnit::finaliseReportByKeys()
 {
     const QString project = m_unit.path(QStringLiteral("/media/usb1/corvane/high_street.sur/"));
     QVERIFY(QFile::exists(project + QStringLiteral("section_2/.observations.sdb")));
-    QVERIFY(m_operator->waitForDialog(QStringLiteral("Note:")));
+    QVERIFY(m_console.keypad->waitForDialog(QStringLiteral("Note:")));
     key(Ui::Key_Survey);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 3));
     QVERIFY(answerText(QStringLiteral("Note:"), QString()));

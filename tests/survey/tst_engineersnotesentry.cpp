@@ -5,6 +5,7 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "core/uikeys.h"
+#include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "video/video.h"
@@ -22,45 +23,37 @@ private slots:
     void notesByKeysGoToTheProject();
 
 private:
-    void key(int key) { m_operator->key(key); }
-    void type(const QString &text) { m_operator->type(text); }
+    void key(int key) { m_console.keypad->key(key); }
+    void type(const QString &text) { m_console.keypad->type(text); }
 
     TestUnit m_unit;
     BoxAnswerer m_answerer;
-    MainWindow *m_window = nullptr;
-    KeypadOperator *m_operator = nullptr;
+    ConsoleOnUnit m_console;
 };
 
 void TestEngineersNotesEntry::initTestCase()
 {
     QVERIFY(m_unit.isValid());
-    m_window = new MainWindow;
-    m_operator = new KeypadOperator(m_window);
-    Controller::create(m_window, m_window);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
-    QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
-    key(Qt::Key_Return);
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    QVERIFY(m_console.logIn());
 }
 
 void TestEngineersNotesEntry::notesByKeysGoToTheProject()
 {
     key(Ui::Key_Survey);
-    QVERIFY(m_operator->answerMenu(QStringLiteral("Select:"), 1));
-    QVERIFY(m_operator->answerMenu(
+    QVERIFY(m_console.keypad->answerMenu(QStringLiteral("Select:"), 1));
+    QVERIFY(m_console.keypad->answerMenu(
         QStringLiteral("Welcome to ostra reporting. What report format would you like to create?"), 1));
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenSiteInfo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenSiteInfo));
     type(QStringLiteral("Quay Road"));
     key(Ui::Key_Survey);
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenVideo));
     // The note that the section is ready comes first; a dialog opened under it would be closed by it.
-    QVERIFY(m_operator->answerText(QStringLiteral("Note:"), QString()));
+    QVERIFY(m_console.keypad->answerText(QStringLiteral("Note:"), QString()));
 
-    Video *video = m_window->findChild<Video *>();
+    Video *video = m_console.window->findChild<Video *>();
     QVERIFY(video);
     video->commentRequest();
-    auto *notes = qobject_cast<ParamEntryDialog *>(m_operator->waitForDialog(QStringLiteral("Please add your engineer's notes")));
+    auto *notes = qobject_cast<ParamEntryDialog *>(m_console.keypad->waitForDialog(QStringLiteral("Please add your engineer's notes")));
     QVERIFY(notes);
     QCOMPARE(notes->texts().size(), 4);
     QCOMPARE(notes->okHint(), QStringLiteral("Press OK to Confirm"));
@@ -70,11 +63,11 @@ void TestEngineersNotesEntry::notesByKeysGoToTheProject()
     type(QStringLiteral("Traffic lights needed"));
     key(Qt::Key_Return);
     // One more page of notes, then done.
-    QVERIFY(m_operator->answerMenu(QStringLiteral("Would you Like to add more engineer's notes?"), 0));
-    QVERIFY(m_operator->waitForDialog(QStringLiteral("Please add your engineer's notes")));
+    QVERIFY(m_console.keypad->answerMenu(QStringLiteral("Would you Like to add more engineer's notes?"), 0));
+    QVERIFY(m_console.keypad->waitForDialog(QStringLiteral("Please add your engineer's notes")));
     type(QStringLiteral("Gully blocked"));
     key(Qt::Key_Return);
-    QVERIFY(m_operator->answerMenu(QStringLiteral("Would you Like to add more engineer's notes?"), 1));
+    QVERIFY(m_console.keypad->answerMenu(QStringLiteral("Would you Like to add more engineer's notes?"), 1));
 
     QFile file(m_unit.path(QStringLiteral("/media/usb1/corvane/quay_road.sur/EngineersNotes.txt")));
     QVERIFY(file.open(QIODevice::ReadOnly));

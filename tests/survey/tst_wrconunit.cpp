@@ -7,6 +7,7 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "core/uikeys.h"
+#include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
@@ -24,10 +25,10 @@ private slots:
     void sectionWithCodedObservationsByKeys();
 
 private:
-    void key(int key) { m_operator->key(key); }
-    void type(const QString &text) { m_operator->type(text); }
-    bool answerText(const QString &title, const QString &text) { return m_operator->answerText(title, text); }
-    bool answerMenu(const QString &title, int row) { return m_operator->answerMenu(title, row); }
+    void key(int key) { m_console.keypad->key(key); }
+    void type(const QString &text) { m_console.keypad->type(text); }
+    bool answerText(const QString &title, const QString &text) { return m_console.keypad->answerText(title, text); }
+    bool answerMenu(const QString &title, int row) { return m_console.keypad->answerMenu(title, row); }
     // Fills the fields of the parameter dialog in turn, leaving pre-filled ones
     // as they are when the value is empty, and confirms with OK.
     bool answerParams(const QString &code, const QStringList &values);
@@ -36,26 +37,18 @@ private:
 
     TestUnit m_unit;
     BoxAnswerer m_answerer;
-    MainWindow *m_window = nullptr;
-    KeypadOperator *m_operator = nullptr;
+    ConsoleOnUnit m_console;
 };
 
 void TestWrcOnUnit::initTestCase()
 {
     QVERIFY(m_unit.isValid());
-    m_window = new MainWindow;
-    m_operator = new KeypadOperator(m_window);
-    Controller::create(m_window, m_window);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
-    QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
-    key(Qt::Key_Return);
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    QVERIFY(m_console.logIn());
 }
 
 bool TestWrcOnUnit::answerParams(const QString &code, const QStringList &values)
 {
-    auto *dialog = qobject_cast<ParamEntryDialog *>(m_operator->waitForDialog(QStringLiteral("Code: ") + code));
+    auto *dialog = qobject_cast<ParamEntryDialog *>(m_console.keypad->waitForDialog(QStringLiteral("Code: ") + code));
     if (!dialog)
         return false;
     for (int i = 0; i < values.size(); ++i) {
@@ -86,15 +79,15 @@ void TestWrcOnUnit::sectionWithCodedObservationsByKeys()
     key(Ui::Key_Survey);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 1));
     QVERIFY(answerMenu(QStringLiteral("Welcome to ostra reporting. What report format would you like to create?"), 2));
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenWRCSiteInfo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenWRCSiteInfo));
     type(QStringLiteral("Mill Lane"));
     key(Ui::Key_Survey);
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenWRCRunInfo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenWRCRunInfo));
     type(QStringLiteral("MH1"));
     key(Qt::Key_Down);
     type(QStringLiteral("MH2"));
     key(Ui::Key_Survey);
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenVideo));
     QVERIFY(answerText(QStringLiteral("Note:"), QString()));
 
     key(Ui::Key_MediaRecord);

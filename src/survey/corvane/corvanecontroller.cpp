@@ -8,7 +8,6 @@
 #include "reports/exportpdf.h"
 #include "reports/wrcexport.h"
 #include "storage/externalstorage.h"
-#include "storage/folderscan.h"
 #include "survey/corvane/corvanequestions.h"
 #include "survey/corvane/corvanesurveyfiles.h"
 #include "survey/corvane/wrcchain.h"
@@ -99,12 +98,6 @@ bool CorvaneController::sectionOpen() const
 
 // ---- Screen helpers ----------------------------------------------------------
 
-void CorvaneController::showMenu(const QString &title, const QStringList &rows, const char *slot)
-{
-    if (m_video)
-        m_video->showMenu(title, rows, this, slot, false);
-}
-
 void CorvaneController::showSelectMenu(const QStringList &rows, const char *slot)
 {
     showMenu(tr("Select:"), rows, slot);
@@ -114,12 +107,6 @@ void CorvaneController::showTextEntry(const QString &title, const char *slot, bo
 {
     if (m_video)
         m_video->showTextEntry(title, {QString(), tr("Press OK to Accept")}, this, slot, mandatory);
-}
-
-void CorvaneController::showNote(const QString &text, const char *slot)
-{
-    if (m_video)
-        m_video->showMessage(tr("Note:"), {text}, slot ? this : nullptr, slot);
 }
 
 void CorvaneController::sendReturnToScreen()
@@ -281,14 +268,7 @@ void CorvaneController::cvStopped()
 void CorvaneController::handleOpenProject()
 {
     m_cv_path = ExternalStorage::instance()->getSaveToPath();
-    // The media browser's order for sites: the project worked on last comes first.
-    const QVector<ListerItem> folders =
-        FolderScan::entries(SurveyPaths::surveyRoot(m_cv_path), FolderScan::kFolders, FolderScan::kNewestFirst);
-    m_cv_projects.clear();
-    for (const ListerItem &folder : folders) {
-        if (folder.name.endsWith(kProjectSuffix))
-            m_cv_projects << folder.name;
-    }
+    m_cv_projects = projectFolders(m_cv_path, kProjectSuffix);
     showMenu(tr("Select Project To Open:"), QStringList{tr("Cancel")} + m_cv_projects, SLOT(openCVProject(int)));
 }
 

@@ -113,9 +113,7 @@ private:
     explicit CorvaneController(QObject *parent);
     static QString projectFolderName();
     void showSelectMenu(const QStringList &rows, const char *slot);
-    void showMenu(const QString &title, const QStringList &rows, const char *slot);
     void showTextEntry(const QString &title, const char *slot, bool mandatory = false);
-    void showNote(const QString &text, const char *slot = nullptr);
     void sendReturnToScreen();
     QString siteImageRow() const;
     QString reportFile() const;

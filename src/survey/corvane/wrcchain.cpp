@@ -3,7 +3,6 @@
 #include "survey/ivideoscreen.h"
 #include "core/consolesettings.h"
 #include "survey/surveymanager.h"
-#include "survey/wincan/cddatabase.h"
 #include "survey/wincan/wccatalogue.h"
 #include "survey/wincan/wccataloguemanager.h"
 #include "survey/wincan/wcparams.h"
@@ -14,8 +13,6 @@ namespace {
 
 const QString kStartNodeKey = QStringLiteral("SurveyData/startNode");
 const QString kSurveyAbandoned = QStringLiteral("SA");
-const QString kWaterLevel = QStringLiteral("WL");
-constexpr int kMaxCodeLength = 8;
 // Where every catalogue keeps a code with end node extensions; the end chain
 // asks only when the current catalogue has it.
 constexpr int kEndLayoutClass = 0;
@@ -26,7 +23,7 @@ constexpr int kFirstEndNodeRow = 2;
 
 } // namespace
 
-WrcChain::WrcChain(QObject *parent) : QObject(parent)
+WrcChain::WrcChain(QObject *parent) : DefectCodeChain(parent)
 {
 }
 
@@ -53,22 +50,6 @@ QStringList WrcChain::endNodesList()
             QStringLiteral("Other Special Chamber")};
 }
 
-void WrcChain::showMenu(const QString &title, const QStringList &rows, const char *slot)
-{
-    if (m_video)
-        m_video->showMenu(title, rows, this, slot, false);
-}
-
-WCParams *WrcChain::runCode(const QString &code, int defCode)
-{
-    m_code = code;
-    m_params = new WCParams(m_code, this);
-    m_params->setVideoScreen(m_video);
-    connect(m_params, &WCParams::startNodeEntered, this, &WrcChain::showWaterLevel);
-    m_params->run(defCode);
-    return m_params;
-}
-
 // ---- Start ----------------------------------------------------------------------
 
 void WrcChain::startNodeList()
@@ -92,11 +73,6 @@ void WrcChain::showStartNode()
     QString code = ConsoleSettings().value(kStartNodeKey, QStringLiteral("MH")).toString();
     code = code.mid(code.indexOf(QLatin1Char('(')) + 1).remove(QLatin1Char(')'));
     runCode(code, WCParams::kStartNode);
-}
-
-void WrcChain::showWaterLevel()
-{
-    runCode(kWaterLevel, WCParams::kWaterLevel);
 }
 
 // ---- End --------------------------------------------------------------------------
@@ -138,55 +114,8 @@ void WrcChain::text_key(QChar letter)
         getCode(letter, false);
 }
 
-void WrcChain::getCode(QChar letter, bool blank)
+void WrcChain::noteDefectEnded(const QString &group)
 {
-    if (m_video)
-        m_video->showTextEntry(tr("Enter Defect Code"), {blank ? QString() : QString(letter), tr("Press Enter to Accept")},
-                               this, SLOT(menuCode(int,QString)), false);
-}
-
-void WrcChain::menuCode(int key, QString text)
-{
-    if (key == 0) {
-        emit modeMenuWanted();
-        return;
-    }
-    if (text.isEmpty()) {
-        if (m_video)
-            m_video->showMessage(tr("Note:"), {tr("Can't find Defect code ")}, nullptr, nullptr);
-        return;
-    }
-    runCode(text.toUpper().left(kMaxCodeLength), WCParams::kFreeDefect);
-}
-
-// ---- Continuous defects -------------------------------------------------------------
-
-void WrcChain::showContDefs()
-{
-    CDDatabase *db = CDDatabase::instance();
-    QStringList rows = {tr("Cancel")};
-    for (const QString &group : db->getAllDefects())
-        rows << group + QStringLiteral(" - ") + db->getCode(group);
-    showMenu(tr("Continuous Defect To End"), rows, SLOT(CDSelected(int)));
-}
-
-void WrcChain::CDSelected(int row)
-{
-    const QStringList open = CDDatabase::instance()->getAllDefects();
-    if (row <= 0 || row > open.size()) {
-        emit modeMenuWanted();
-        return;
-    }
-    const QString group = open.at(row - 1);
-    runCode(CDDatabase::instance()->getCode(group), row - 1);
     if (m_video)
         m_video->showDialogue(tr("Defect Ended:"), {group}, nullptr, nullptr);
-}
-
-void WrcChain::closeAllContDefs()
-{
-    // Each closing removes its group, so the next one is always first.
-    CDDatabase *db = CDDatabase::instance();
-    for (int left = db->getLength(); left > 0; --left)
-        runCode(db->getCode(db->getAllDefects().value(0)), 0);
 }

@@ -5,11 +5,13 @@
 #include "survey/corvane/corvanecontroller.h"
 #include "survey/surveydata.h"
 #include "survey/surveymanager.h"
+#include "survey/wincan/wincancontroller.h"
 #include "widgets/graphics.h"
 #include "widgets/hbilabel.h"
 #include "widgets/hbimessagebox.h"
 #include "widgets/p_combobox.h"
 #include "widgets/p_lineedit.h"
+#include "widgets/wrappingrowdelegate.h"
 
 #include <QAbstractItemView>
 #include <QDateTime>
@@ -18,6 +20,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -26,6 +29,10 @@ const QString kTimeTag = QStringLiteral("Time");
 const QString kDateTag = QStringLiteral("Date");
 const QSize kKeyPictureSize(64, 40);
 constexpr int kComboMinimumCharacters = 12;
+// The console's screen; an open list never reaches past it.
+constexpr int kScreenWidth = 800;
+// A row's padding on both sides, the list's frame and its scroll bar.
+constexpr int kRowPaddingFrameAndScrollBar = 2 * 13 + 2 * 3 + 22;
 } // namespace
 
 BaseInfo::BaseInfo(QWidget *parent) : PipeScreen(parent) {}
@@ -35,8 +42,10 @@ void BaseInfo::initialise()
     connect(this, &BaseInfo::send, surveyData(), &SurveyData::set, Qt::UniqueConnection);
 }
 
-SurveyData *BaseInfo::surveyData()
+SurveyData *BaseInfo::surveyData() const
 {
+    if (m_winCanData)
+        return WinCanController::instance()->surveyData();
     return SurveyManager::instance()->getSurveyData();
 }
 
@@ -53,6 +62,31 @@ QString BaseInfo::clockText(int mode)
 QString BaseInfo::formatDate(const char *format)
 {
     return QDate::currentDate().toString(QString::fromLatin1(format));
+}
+
+QString BaseInfo::dateOrToday(QString text)
+{
+    static const QString kDateFormat = QStringLiteral("yyyy-MM-dd");
+    for (const QChar separator : {QLatin1Char(':'), QLatin1Char('.'), QLatin1Char('\\'), QLatin1Char('/')})
+        text.replace(separator, QLatin1Char('-'));
+    if (QDate::fromString(text, kDateFormat).isValid())
+        return text;
+    return QDate::currentDate().toString(kDateFormat);
+}
+
+QString BaseInfo::timeOrNow(const QString &text, int mode)
+{
+    const QString format = mode == 0 ? QStringLiteral("hh:mm") : QStringLiteral("hh:mm AP");
+    return QTime::fromString(text, format).isValid() ? text : clockText(mode);
+}
+
+QString BaseInfo::completeDecimal(QString text)
+{
+    if (text.startsWith(QLatin1Char('.')))
+        text.prepend(QLatin1Char('0'));
+    if (text.endsWith(QLatin1Char('.')))
+        text.append(QLatin1Char('0'));
+    return text;
 }
 
 void BaseInfo::showEvent(QShowEvent *event)
@@ -72,7 +106,7 @@ void BaseInfo::fillFromSurveyData()
         else if (tag == kDateTag)
             edit->setText(formatDate("dd/MM/yyyy"));
         else if (!tag.isEmpty())
-            edit->setText(data->get(tag));
+            setFieldText(edit, data->get(tag));
     }
     for (P_ComboBox *box : findChildren<P_ComboBox *>()) {
         if (box->tag().isEmpty())
@@ -212,13 +246,11 @@ P_ComboBox *BaseInfo::addComboBox(QFormLayout *column, const QString &label, con
 {
     auto *box = new P_ComboBox(this);
     box->setTag(tag);
-    box->addItems(rows);
     // The closed box shows as much of its row as its column has room for; it must
     // not take the room of the fields beside it.
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(kComboMinimumCharacters);
-    // Long rows must be read whole in the open list even where the closed box is narrow.
-    box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 40);
+    setRows(box, rows);
     column->addRow(fieldLabel(label, box), box);
     return box;
 }
@@ -273,6 +305,75 @@ void BaseInfo::saveSectionAndContinue()
     CorvaneController::instance()->editSectionDatabase();
 }
 
+void BaseInfo::saveWinCanProjectAndContinue()
+{
+    okKeyTrapped();
+    WinCanController::instance()->setProjectPath();
+}
+
+void BaseInfo::abandonWinCanProject()
+{
+    WinCanController *wincan = WinCanController::instance();
+    wincan->setEnabled(false);
+    wincan->setSectionOpen(false);
+    wincan->wcStopped();
+    emit selectVideoScreen();
+}
+
+void BaseInfo::closeWinCanSection()
+{
+    WinCanController::instance()->setSectionOpen(false);
+    emit selectVideoScreen();
+}
+
+void BaseInfo::openWinCanSection()
+{
+    okKeyTrapped();
+    WinCanController::instance()->setSectionOpen(true);
+}
+
+void BaseInfo::setRows(P_ComboBox *box, const QStringList &rows)
+{
+    box->clear();
+    box->addItems(rows);
+    // Long rows must be read whole in the open list even where the closed box is
+    // narrow; a row wider than the screen goes on two lines.
+    auto *list = qobject_cast<QListView *>(box->view());
+    int widest = 0;
+    for (const QString &row : rows)
+        widest = qMax(widest, box->fontMetrics().horizontalAdvance(row));
+    const int wanted = widest + kRowPaddingFrameAndScrollBar;
+    if (wanted > kScreenWidth && list && !qobject_cast<WrappingRowDelegate *>(box->itemDelegate())) {
+        list->setWordWrap(true);
+        list->setUniformItemSizes(false);
+        box->setItemDelegate(new WrappingRowDelegate(list));
+    }
+    box->view()->setMinimumWidth(qMin(wanted, kScreenWidth));
+}
+
+void BaseInfo::validateDateField(P_LineEdit *date)
+{
+    date->setText(dateOrToday(date->text()));
+}
+
+void BaseInfo::completeDecimals(const QList<P_LineEdit *> &fields)
+{
+    for (P_LineEdit *field : fields)
+        setFieldText(field, completeDecimal(field->text()));
+}
+
+// A masked decimal fills its digits from the left, so "1.5" would show as
+// "1    .5"; blanks in front keep the number against its point.
+void BaseInfo::setFieldText(P_LineEdit *field, const QString &text)
+{
+    const int maskPoint = field->inputMask().indexOf(QLatin1Char('.'));
+    const int point = text.indexOf(QLatin1Char('.'));
+    if (maskPoint > 0 && point >= 0 && point < maskPoint)
+        field->setText(QString(maskPoint - point, QLatin1Char(' ')) + text);
+    else
+        field->setText(text);
+}
+
 QLabel *BaseInfo::labelOf(QWidget *field) const
 {
     for (QLabel *label : findChildren<QLabel *>()) {
@@ -289,12 +390,12 @@ void BaseInfo::maskRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *siz
     size->setInputMask(QStringLiteral("99999999; "));
 }
 
-void BaseInfo::stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size)
+void BaseInfo::stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size, const QString &inchLabel)
 {
     clockmode = readClockMode();
     date->setText(formatDate("yyyy-MM-dd"));
     time->setText(clockText(clockmode));
     const bool imperial = ConsoleSettings().value(QStringLiteral("Coiler/Imperial"), false).toBool();
     if (QLabel *label = labelOf(size))
-        label->setText(imperial ? tr("Size (in)") : tr("Size (mm)"));
+        label->setText(imperial ? inchLabel : tr("Size (mm)"));
 }

@@ -35,6 +35,15 @@ public:
     // The foot of a page: "Press the", the picture of the key, and what the keys do.
     static QHBoxLayout *keyHintRow(QWidget *page, const QString &keyPicture, const QString &keyHint);
 
+    // What the WinCan forms make of typed dates, times and decimals before they
+    // are stored. A date written with ":", ".", "\" or "/" between its parts is
+    // read as "yyyy-MM-dd"; one that still does not parse is today.
+    static QString dateOrToday(QString text);
+    // A time that does not parse by the clock setting is the time now.
+    static QString timeOrNow(const QString &text, int mode);
+    // "12." is "12.0" and ".5" is "0.5": the exchange file wants a digit each side of the point.
+    static QString completeDecimal(QString text);
+
 public slots:
     // Saves without asking and returns to the live picture.
     virtual void okKeyTrapped();
@@ -50,6 +59,9 @@ signals:
     void send(QString tag, QString value);
     // The form is done with: the screen controller goes back to the live picture.
     void selectVideoScreen();
+    // The WinCan section's two pages turn to each other.
+    void selectWCSectionInfoScreen();
+    void selectWCSectionInfoScreen2();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -67,14 +79,27 @@ protected:
 
     // The black-on-yellow question before a form is saved; true on "Yes".
     bool confirmSave(const QString &title, const QString &question);
-    static SurveyData *surveyData();
+    // The WinCan forms are shown before the WinCan survey is the current one
+    // (a new project's form comes first), so they name their store themselves.
+    void keepWinCanData() { m_winCanData = true; }
+    SurveyData *surveyData() const;
     static int readClockMode();
+
+    // Rows of a list that changes with the coding specification; the row shown
+    // is taken again from the survey data by the next fillFromSurveyData().
+    static void setRows(P_ComboBox *box, const QStringList &rows);
+    // Shows every tagged field's stored value, a list's row 0 when none matches.
+    void fillFromSurveyData();
+    void validateDateField(P_LineEdit *date);
+    void completeDecimals(const QList<P_LineEdit *> &fields);
+    static void setFieldText(P_LineEdit *field, const QString &text);
 
     // The section forms' date, time and size fields: masks that keep the keypad's
     // input in shape, and on every showing today's date, the time by the clock
     // setting and the size's unit by the counter's units.
     static void maskRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size);
-    void stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size);
+    // The size's label names the unit: the metric one, or inchLabel.
+    void stampRunFields(P_LineEdit *date, P_LineEdit *time, P_LineEdit *size, const QString &inchLabel);
     QLabel *labelOf(QWidget *field) const;
     QLabel *fieldLabel(const QString &text, QWidget *field);
 
@@ -84,9 +109,15 @@ protected:
     void closeSection();
     void saveSectionAndContinue();
 
+    // The WinCan flow's steps after a project or section form.
+    void saveWinCanProjectAndContinue();
+    void abandonWinCanProject();
+    void closeWinCanSection();
+    void openWinCanSection();
+
     // The clock setting read when the form was last shown.
     int clockmode = 0;
 
 private:
-    void fillFromSurveyData();
+    bool m_winCanData = false;
 };

@@ -29,7 +29,7 @@ RunInfo::RunInfo(QWidget *parent) : BaseInfo(parent)
 void RunInfo::initialise()
 {
     BaseInfo::initialise();
-    stampRunFields(m_date, m_time, m_size);
+    stampRunFields(m_date, m_time, m_size, tr("Size (in)"));
     m_start->setFocus();
 }
 

@@ -118,7 +118,7 @@ void wrcruninfo::initialise()
     BaseInfo::initialise();
     m_start->clear();
     m_end->clear();
-    stampRunFields(m_date, m_time, m_size);
+    stampRunFields(m_date, m_time, m_size, tr("Size (in)"));
     m_start->setFocus();
 }
 
