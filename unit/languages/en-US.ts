@@ -16,10 +16,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Size (in)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Size (mm)</source>
         <translation type="unfinished"></translation>
     </message>
@@ -197,7 +193,7 @@
     </message>
     <message>
         <source>Pitch Fibre (PF)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pitch Fiber (PF)</translation>
     </message>
     <message>
         <source>Other (Z)</source>
@@ -249,10 +245,6 @@
     </message>
     <message>
         <source>Press OK to Accept</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Note:</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -428,6 +420,37 @@
     <name>CorvaneExport</name>
     <message>
         <source>dd/MM/yy</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DefectCodeChain</name>
+    <message>
+        <source>Enter Defect Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Enter to Accept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t find Defect code </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continuous Defect To End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Defect Ended</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -643,6 +666,13 @@
     </message>
 </context>
 <context>
+    <name>MiraculIXExport</name>
+    <message>
+        <source>General photograph taken at this point</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>OperatorComments</name>
     <message>
         <source>	Please add a comment	</source>
@@ -852,7 +882,7 @@ Please insert a suitable device</source>
     </message>
     <message>
         <source>Pitch Fibre</source>
-        <translation type="unfinished"></translation>
+        <translation>Pitch Fiber</translation>
     </message>
     <message>
         <source>UPVC</source>
@@ -884,6 +914,10 @@ Please insert a suitable device</source>
     </message>
     <message>
         <source>Is Run Info Complete?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (in)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1638,6 +1672,13 @@ Make sure you have entered the correct details.</source>
     </message>
 </context>
 <context>
+    <name>SurveyController</name>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>SurveyManager</name>
     <message>
         <source>Set Coiler Value in feet</source>
@@ -1927,6 +1968,533 @@ Make sure you have entered the correct details.</source>
     </message>
 </context>
 <context>
+    <name>WCFormLists</name>
+    <message>
+        <source>Upstream (U)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Alkathene (AK)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asbestos cement (AC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bitumen (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brick (BR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cast Iron (CI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cement (CL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Spun Grey Iron (SI)</source>
+        <translation>Spun Gray Iron (SI)</translation>
+    </message>
+    <message>
+        <source>Concrete (CO)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Bolted Segments (CSB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Unbolted Segments (CSU)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Box Culvert (CC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ductile Iron (DI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Glass Reinforced Cement (GRC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Glass Reinforced Plastic (GRP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plastic (PL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plastic Steel Composite (PSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyvinyl Chloride (PVC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyethylene (PE)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reinforced Plastic Matrix (RPM)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resin (RL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Soft Inversion Type Liner (IS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steel (ST)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vitrified Clay (VC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polypropylene (PP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch Fibre (PF)</source>
+        <translation>Pitch Fiber (PF)</translation>
+    </message>
+    <message>
+        <source>Masonry - In Regular Courses (MAC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Masonry - Randomly Coursed (MAR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (XXX)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Known (ZZZ)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asbestos Cement (AC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bitumen Lining (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cement Mortar Lining (CL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Segments (CS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Epoxy (EP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fibre Cement (FC)</source>
+        <translation>Fiber Cement (FC)</translation>
+    </message>
+    <message>
+        <source>Fibre Reinforced Plastics (FRP)</source>
+        <translation>Fiber Reinforced Plastics (FRP)</translation>
+    </message>
+    <message>
+        <source>Grey Cast Iron (GI)</source>
+        <translation>Gray Cast Iron (GI)</translation>
+    </message>
+    <message>
+        <source>Mixed Material Construction (MX)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyester (PS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reinforced Concrete (RC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sprayed Concrete (SPC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Material (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Type Of Iron Or Steel (XI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Type Of Plastics (XP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arched (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Barrel (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Circular (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Egg-Shaped (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Horseshoe (H)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Oval (O)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rectangular (R)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trapezoidal (T)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>U-Shaped With Flat Top (U)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kerb Block (K)</source>
+        <translation>Curb Block (K)</translation>
+    </message>
+    <message>
+        <source>Circular With Small Channel (RSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rectangular With Small Channel (RSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Specific problems on sewer related to structural or service condition defects (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Specific problems on sewer system related to infiltration (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Assessment of complete remedial or renovation works (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-adoption - normally new sewers for adoption SfA (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-acceptance - new sewer direct contract constructed by sewerage undertakers (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sample survey to determine asset condition (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Associated with future capital scheme including Drainage Area Planning (G)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resurvey for any reason (H)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Known (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investigation of known defects (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investigation of infiltration (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection of repairs or renovations (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-adoption survey (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection of new sewers (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asset condition of sewer system (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A Routine inspection (G)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investigation of suspected problem (H)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investment Planning (I)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End of warranty period (J)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes (Y)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No (N)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Main Road - urban (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light Road (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Footpath or Verge (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fields (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gardens (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Woodland (G)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Difficult Access (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Road (RD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verge (VG)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fields (FLD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Woodland (WLD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Difficult Access (DIF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Under A Waterway (WWY)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dry (1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Heavy Rain (2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light Rain (3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Showers (4)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snow (5)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Rain Or Snow (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rain (R)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Melting Snow Or Ice (S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Above Freezing (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Below Freezing (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Combined (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Foul (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Surface Water (S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trade Effluent (T)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Culverted Watercourse (W)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subsoil Or Field Drainage (LD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gravity Drain/Sewer (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rising Main (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vacuum Pipeline (V)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining Inserted During Manufacture (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sprayed Lining (SP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cured-In-Place Lining (CIP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Segmented Lining (SEG)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining With Discrete Pipes (DP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining With Continuous Pipe (CP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close-Fit Lining (CF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Spirally-Wound Lining (SW)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Flow Control (N)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flows Blocked Upstream (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flows Partially Blocked Upstream (PB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CCTV (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direct Inspection - Man Entry (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection From Manhole Or Inspection Chamber (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Category A (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Category B (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Category C (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>WCParams</name>
     <message>
         <source>Error:</source>
@@ -2010,6 +2578,321 @@ Make sure you have entered the correct details.</source>
     </message>
 </context>
 <context>
+    <name>WCProjectInfoV4</name>
+    <message>
+        <source>WinCan Project Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project ID</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Catalogue:</source>
+        <translation>Catalog:</translation>
+    </message>
+    <message>
+        <source> (unavailable)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WCSectionInfoV4</name>
+    <message>
+        <source>WinCan Section Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit, Page Up - previous, Page Down - next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-Cleaned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Job ID</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Town/City</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Div/Dist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purpose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (inch)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WinCanChain</name>
+    <message>
+        <source>The Pipe is Flowing Fine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Pipe is Failing to Discharge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is Evidence of Leakage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Evidence of StormWater Flooding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Root Growth may Lead to Blockage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A Leakage Test has Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Pipe is Unserviceable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t find Defect code </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Catagories:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Basecodes:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Char Ext:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to stop the recording?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Pipe Serviceability</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey Abandon</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WinCanController</name>
+    <message>
+        <source>Replace Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insert Map Overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Observation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add by Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continuous Defects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finalise Report</source>
+        <translation>Finalize Report</translation>
+    </message>
+    <message>
+        <source>Not available while recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Follow Instructions in the ostra App to add the Site Overview Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Generating WinCan Report...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Project To Open:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WinCan Export Successful</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WinCan Export Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The WinCan report could not be generated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WinCan Report Successfully Generated. Do you wish to transfer the report to the ostra App?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Follow the instructions in the ostra App to transfer the report</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WinCanReport</name>
+    <message>
+        <source>Photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>WrcChain</name>
     <message>
         <source>Manhole(MH)</source>
@@ -2069,26 +2952,6 @@ Make sure you have entered the correct details.</source>
     </message>
     <message>
         <source>Survey Abandon</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Enter Defect Code</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Press Enter to Accept</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Note:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Can&apos;t find Defect code </source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Continuous Defect To End</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -2240,6 +3103,85 @@ Make sure you have entered the correct details.</source>
     </message>
 </context>
 <context>
+    <name>wcsectioninfopage2</name>
+    <message>
+        <source>WinCan Additional Section Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit, Page Up - previous, Page Down - next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drainage Area</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Contractor&apos;s Job Ref</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Construction Year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exp. Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unit Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Critical Drain/Sewer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Weather</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection Method</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flow Control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Section Info Pressed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is Section Info Complete?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>wrcruninfo</name>
     <message>
         <source>Asbestos Cement (AC)</source>
@@ -2275,11 +3217,11 @@ Make sure you have entered the correct details.</source>
     </message>
     <message>
         <source>Fibre Cement (FC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Fiber Cement (FC)</translation>
     </message>
     <message>
         <source>Fibre Reinforced Plastics (FRP)</source>
-        <translation type="unfinished"></translation>
+        <translation>Fiber Reinforced Plastics (FRP)</translation>
     </message>
     <message>
         <source>Grey Cast Iron (GI)</source>
@@ -2307,7 +3249,7 @@ Make sure you have entered the correct details.</source>
     </message>
     <message>
         <source>Pitch Fibre (PF)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pitch Fiber (PF)</translation>
     </message>
     <message>
         <source>Polypropylene (PP)</source>
@@ -2503,7 +3445,7 @@ Make sure you have entered the correct details.</source>
     </message>
     <message>
         <source>Kerb Block (K)</source>
-        <translation type="unfinished"></translation>
+        <translation>Curb Block (K)</translation>
     </message>
     <message>
         <source>Circular with Smaller Channel (CSC)</source>
@@ -2575,6 +3517,10 @@ Make sure you have entered the correct details.</source>
     </message>
     <message>
         <source>Would you like to save and continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (in)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
