@@ -10,7 +10,7 @@
 
 namespace {
 constexpr Qt::Alignment kTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
-constexpr int kMostLines = 2;
+constexpr int kMostLines = 3;
 } // namespace
 
 P_ComboBox::P_ComboBox(QWidget *parent)

@@ -12,7 +12,7 @@
 // reported once, on their release.
 //
 // A row too long for the closed box goes on a second line rather than being
-// cut: the box grows to two lines where its column is too narrow for its rows.
+// cut: the box grows to two or three lines where its column is too narrow for its rows.
 class P_ComboBox : public QComboBox
 {
     Q_OBJECT

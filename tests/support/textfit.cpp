@@ -56,6 +56,13 @@ void checkLabel(QLabel *label, QStringList &clipped)
         const int needed = label->heightForWidth(label->width());
         if (needed > label->height() + kSlack)
             clipped << describe(label, label->text(), needed, label->height()) + QStringLiteral(" (height)");
+        // A word is never broken: one wider than the label runs out of it.
+        const QMargins margins = label->contentsMargins();
+        const int room = label->width() - margins.left() - margins.right() - 2 * label->margin();
+        for (const QString &word : plain(label->text()).split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts)) {
+            if (!Qt::mightBeRichText(label->text()) && textWidth(label, word) > room + kSlack)
+                clipped << describe(label, word, textWidth(label, word), room) + QStringLiteral(" (word)");
+        }
         return;
     }
     int needed = label->sizeHint().width();
