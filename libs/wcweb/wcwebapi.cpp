@@ -42,13 +42,38 @@ QNetworkReply *CWinCanWebApi::send(const QByteArray &verb, const QString &path, 
 // that is not a JSON object.
 bool CWinCanWebApi::readJson(QNetworkReply *reply, QJsonObject *out)
 {
-    const QByteArray body = reply->readAll();
+    return objectFrom(reply->readAll(), out) && reply->error() == QNetworkReply::NoError;
+}
+
+bool CWinCanWebApi::objectFrom(const QByteArray &body, QJsonObject *out)
+{
     QJsonParseError parsed;
     const QJsonDocument document = QJsonDocument::fromJson(body, &parsed);
     if (parsed.error != QJsonParseError::NoError || !document.isObject())
         return false;
     *out = document.object();
-    return reply->error() == QNetworkReply::NoError;
+    return true;
+}
+
+QByteArray CWinCanWebApi::tokenFrom(const QByteArray &body)
+{
+    QJsonObject answer;
+    return objectFrom(body, &answer) ? answer.value("token").toString().toUtf8() : QByteArray();
+}
+
+bool CWinCanWebApi::projectsFrom(const QByteArray &body, QList<CProjectInfo> *projects)
+{
+    QJsonObject answer;
+    if (!objectFrom(body, &answer) || !answer.value("projects").isArray())
+        return false;
+    projects->clear();
+    for (const QJsonValue &value : answer.value("projects").toArray()) {
+        const QJsonObject entry = value.toObject();
+        const QString name = entry.value("name").toString();
+        if (!name.isEmpty())
+            *projects << CProjectInfo{entry.value("id").toString(), name, entry.value("files").toInt()};
+    }
+    return true;
 }
 
 void CWinCanWebApi::login(const QString &user, const QString &password)
@@ -60,8 +85,8 @@ void CWinCanWebApi::login(const QString &user, const QString &password)
     QNetworkReply *reply = send("POST", QStringLiteral("/login"), body);
     connect(reply, &QNetworkReply::finished, this, [this, reply, user]() {
         reply->deleteLater();
-        QJsonObject answer;
-        const QByteArray token = readJson(reply, &answer) ? answer.value("token").toString().toUtf8() : QByteArray();
+        const QByteArray body = reply->readAll();
+        const QByteArray token = reply->error() == QNetworkReply::NoError ? tokenFrom(body) : QByteArray();
         m_status = token.isEmpty() ? kLoginFailed : kLoggedIn;
         if (!token.isEmpty()) {
             m_token = token;
@@ -87,18 +112,11 @@ void CWinCanWebApi::requestProjectInfo()
     QNetworkReply *reply = send("GET", QStringLiteral("/projects"));
     connect(reply, &QNetworkReply::finished, this, [this, reply]() {
         reply->deleteLater();
-        QJsonObject answer;
-        if (!readJson(reply, &answer) || !answer.value("projects").isArray()) {
+        QList<CProjectInfo> projects;
+        if (reply->error() != QNetworkReply::NoError || !projectsFrom(reply->readAll(), &projects)) {
             emit projectInfoFailed(reply->error() == QNetworkReply::NoError ? QStringLiteral("unreadable answer")
                                                                             : reply->errorString());
             return;
-        }
-        QList<CProjectInfo> projects;
-        for (const QJsonValue &value : answer.value("projects").toArray()) {
-            const QJsonObject entry = value.toObject();
-            const QString name = entry.value("name").toString();
-            if (!name.isEmpty())
-                projects << CProjectInfo{entry.value("id").toString(), name, entry.value("files").toInt()};
         }
         emit projectInfoReceived(projects);
     });

@@ -43,6 +43,14 @@ public:
     quint32 upload(const QString &projectPath);
     quint32 download(const QString &project, const QString &localPath);
 
+    // Readers of the service's answers, whatever bytes arrive.
+    // The session token of a login answer; empty when the login was refused or the answer is not one.
+    static QByteArray tokenFrom(const QByteArray &body);
+    // The named projects of a project list; false when the body is not a project list.
+    static bool projectsFrom(const QByteArray &body, QList<CProjectInfo> *projects);
+    // The body as a JSON object; false when it is not one.
+    static bool objectFrom(const QByteArray &body, QJsonObject *out);
+
 signals:
     void loginStatusChanged();
     void projectInfoReceived(QList<WinCan::Web::CProjectInfo> projects);

@@ -1,5 +1,6 @@
 #include "app/controller.h"
 
+#include "app/afterfirstpaint.h"
 #include "app/coilerdistance.h"
 #include "settings/iclock.h"
 #include "app/imainwindow.h"
@@ -68,7 +69,6 @@ Controller::Controller(IMainWindow *window, QObject *parent)
     QCoreApplication::setOrganizationDomain(QStringLiteral("harbinger-instruments.co.uk"));
 
     applyApplicationStyle();
-    runVgaScript();
     createServices();
 
     m_run_timer = new QTimer(this);
@@ -93,8 +93,15 @@ Controller::Controller(IMainWindow *window, QObject *parent)
     connect(headset, &audio::finished, SurveyManager::instance(), &SurveyManager::headsetDetectFinished);
     if (auto *video = dynamic_cast<Video *>(m_window->videoScreen()))
         connect(headset, &audio::updateAudioState, video->indicators(), &Indicators::setAudioState);
-    headset->init();
     init_micro();
+    // Their answers come back through the event loop anyway; started before the first
+    // picture, their programs only compete with it for the processor.
+    AfterFirstPaint::run(m_window->widget(), this, [this, headset] {
+        runVgaScript();
+        storage->init();
+        Wifi::instance()->init();
+        headset->init();
+    });
 
     m_startup_timer = new QTimer(this);
     connect(m_startup_timer, &QTimer::timeout, this, &Controller::fake_start_up_progress);
@@ -155,7 +162,6 @@ void Controller::createServices()
     SurveyManager::instance(m_window->videoScreen(), this);
     connectSurveyScreens();
     SurveyManager::instance()->answerCameraWarnings(CameraController::instance()->warnings());
-    storage->init();
 }
 
 void Controller::connectSurveyScreens()
@@ -195,7 +201,6 @@ void Controller::initWifi()
     Wifi *wifi = Wifi::instance(this);
     connect(wifi, SIGNAL(updateWifiState(int)), m_window->widget(), SLOT(updateWifiIcon(int)));
     connect(wifi, SIGNAL(wiredChanged(bool)), m_window->widget(), SLOT(setTethered(bool)));
-    wifi->init();
 }
 
 void Controller::init_micro()

@@ -52,6 +52,7 @@ public:
 
     QString settingsFile() const { return m_settingsFilename; }
     bool getPowerBoardID() const { return powerBoardType; }
+    ClockControl *clockControl() const { return m_clock; }
     int currentScreen() const;
     QStack<int> screenStack() const;
 

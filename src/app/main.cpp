@@ -4,7 +4,8 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "core/messagehandler.h"
-#include "app/splashpicture.h"
+#include "app/splashhandover.h"
+#include "app/startupprefetch.h"
 #include "app/startuptimes.h"
 #include "core/unitpaths.h"
 #include "app/version.h"
@@ -42,8 +43,8 @@ void repairDisplayIfMissing()
 }
 
 // One list element on purpose: the boot-image viewer is stopped by the system's own sudo rules.
-// Started here and waited for only when the splash is about to draw, so reading the
-// settings and decoding the splash picture overlap with it.
+// Started here and waited for only when the splash is about to draw, so the splash
+// picture is made ready meanwhile.
 void startStoppingBootImage(QProcess &stop)
 {
     stop.start(QStringLiteral("sudo"), {QStringLiteral("killall fbi")});
@@ -106,8 +107,12 @@ int main(int argc, char *argv[])
     qInstallMessageHandler(MessageHandler);
     qputenv("QT_FONT_DPI", "64");
     disableSessionBusIfAbsent();
+    // Read before the display is there, so the picture is decoded meanwhile.
+    const QString language = ConsoleSettings::languageCode();
+    StartupPrefetch prefetch(language);
 
     QApplication app(argc, argv);
+    StartupTimes::mark("application made");
     initialiseGraphics();
     ConsoleStyle::apply(app);
     qInfo().noquote() << QStringLiteral("Starting Ductline ") + QLatin1String(kDuctlineVersion);
@@ -115,10 +120,10 @@ int main(int argc, char *argv[])
     QProcess bootImage;
     startStoppingBootImage(bootImage);
 
-    const QString language = ConsoleSettings::languageCode();
-    QSplashScreen splash(QPixmap(splashPicture(language)));
+    QSplashScreen splash(prefetch.splash());
     waitForBootImageToGo(bootImage);
     splash.show();
+    StartupTimes::mark("splash shown");
 
     QCoreApplication::setApplicationVersion(QString::fromLatin1(kDuctlineVersion));
     QCoreApplication::setApplicationName(QStringLiteral("Ductline"));
@@ -134,13 +139,17 @@ int main(int argc, char *argv[])
     }
 
     const clock_t started = clock();
+    prefetch.waitForGStreamer();
     auto *window = new MainWindow;
+    StartupTimes::mark("screens built");
     Controller::create(window, window);
+    StartupTimes::mark("controller built");
     centreWidgetOnScreen(*window);
     qInfo().noquote() << QStringLiteral("Main window being show after %1 seconds from App start")
                              .arg(double(clock() - started) / 1000000.0);
     window->show();
-    splash.finish(window);
+    StartupTimes::mark("window shown");
+    new SplashHandover(&splash, window);
     new StartupTimes(window);
     const int result = app.exec();
     delete window;

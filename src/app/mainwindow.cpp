@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 #include "app/videoscreenwiring.h"
+#include "app/afterfirstpaint.h"
 
 #include "app/browser/report.h"
 #include "app/controller.h"
@@ -13,6 +14,7 @@
 #include "connectivity/external_control.h"
 #include "core/uikeys.h"
 #include "core/unitpaths.h"
+#include "settings/iclock.h"
 #include "settings/settings.h"
 #include "survey/forms/baseinfo.h"
 #include "survey/forms/engineersnotes.h"
@@ -83,7 +85,11 @@ MainWindow::MainWindow(QWidget *parent)
     connect(m_external, &external_control::sendKeyPress, this, &MainWindow::handleExternalControl);
     connect(m_external, &external_control::mapTransferStatus, this, &MainWindow::mapTransferBox);
 
-    setDisplayMode();
+    AfterFirstPaint::run(this, this, [this] {
+        setDisplayMode();
+        // Built while the splash counts down, so its status tab follows the camera from the first poll.
+        settings();
+    });
 
     connect(qApp, &QApplication::focusChanged, this, &MainWindow::focusChanged);
 }
@@ -112,6 +118,8 @@ PipeScreen *MainWindow::addPlaceholderPage(const QString &whatsThis)
     return addPage(page);
 }
 
+// Only the pages of the first minute are built before the window shows; the others
+// cost more than all of start-up's own work and most sessions never open them.
 void MainWindow::buildPages()
 {
     m_stack = new QStackedWidget(this);
@@ -123,22 +131,44 @@ void MainWindow::buildPages()
     m_video = new Video(m_stack);
     m_video->setWhatsThis(QStringLiteral("Main screen"));
     addPage(m_video);
-    m_report = new Report(m_stack);
-    addPage(titled(m_report, QStringLiteral("Report Screen")));
-    m_settings = new Settings(m_stack);
-    addPage(m_settings);
+    addPageOnDemand(QStringLiteral("Report Screen"), [this] { return m_report = new Report(m_stack); });
+    addPageOnDemand(QStringLiteral("Settings screen"), [this] { return m_settings = new Settings(m_stack); });
     m_diagnostics = addPlaceholderPage(QStringLiteral("Diagnostics"));
-    m_help = new HelpScreen(m_stack);
-    addPage(m_help);
-    m_siteInfo = addPage(titled(new SiteInfo(m_stack), QStringLiteral("Site Info Screen")));
-    m_runInfo = addPage(titled(new RunInfo(m_stack), QStringLiteral("Run Info Screen")));
-    m_wcProjectInfo = addPage(titled(new WCProjectInfoV4(m_stack), QStringLiteral("WinCan Project Info Screen")));
-    m_wcSectionInfo = addPage(titled(new WCSectionInfoV4(m_stack), QStringLiteral("WinCan Section Info Screen")));
-    m_wcSectionInfoPage2 =
-        addPage(titled(new wcsectioninfopage2(m_stack), QStringLiteral("WinCan Section Info Screen 2")));
-    m_engNote = addPage(titled(new engineersNotes(m_stack), QStringLiteral("Engineers Note Screen")));
-    m_wrcSiteInfo = addPage(titled(new wrcsiteinfo(m_stack), QStringLiteral("WRC Site Info Screen")));
-    m_wrcRunInfo = addPage(titled(new wrcruninfo(m_stack), QStringLiteral("WRC Run Info Screen")));
+    addPageOnDemand(QStringLiteral("Help Screen"), [this] { return m_help = new HelpScreen(m_stack); });
+    addPageOnDemand(QStringLiteral("Site Info Screen"), [this] { return m_siteInfo = new SiteInfo(m_stack); });
+    addPageOnDemand(QStringLiteral("Run Info Screen"), [this] { return m_runInfo = new RunInfo(m_stack); });
+    addPageOnDemand(QStringLiteral("WinCan Project Info Screen"),
+                    [this] { return m_wcProjectInfo = new WCProjectInfoV4(m_stack); });
+    addPageOnDemand(QStringLiteral("WinCan Section Info Screen"),
+                    [this] { return m_wcSectionInfo = new WCSectionInfoV4(m_stack); });
+    addPageOnDemand(QStringLiteral("WinCan Section Info Screen 2"),
+                    [this] { return m_wcSectionInfoPage2 = new wcsectioninfopage2(m_stack); });
+    addPageOnDemand(QStringLiteral("Engineers Note Screen"), [this] { return m_engNote = new engineersNotes(m_stack); });
+    addPageOnDemand(QStringLiteral("WRC Site Info Screen"), [this] { return m_wrcSiteInfo = new wrcsiteinfo(m_stack); });
+    addPageOnDemand(QStringLiteral("WRC Run Info Screen"), [this] { return m_wrcRunInfo = new wrcruninfo(m_stack); });
+}
+
+void MainWindow::addPageOnDemand(const QString &whatsThis, std::function<PipeScreen *()> make)
+{
+    addPlaceholderPage(whatsThis);
+    m_pagesOnDemand.insert(m_stack->count() - 1, [whatsThis, make] { return titled(make(), whatsThis); });
+}
+
+void MainWindow::buildPageIfWanted(int n)
+{
+    const auto make = m_pagesOnDemand.take(n);
+    if (!make)
+        return;
+    QElapsedTimer buildTime;
+    buildTime.start();
+    QWidget *placeholder = m_stack->widget(n);
+    PipeScreen *built = make();
+    m_stack->insertWidget(n, built);
+    m_stack->removeWidget(placeholder);
+    delete placeholder;
+    if (m_control)
+        connectPageTo(built, m_control);
+    qInfo().noquote() << QStringLiteral("%1 built in %2 ms").arg(built->whatsThis()).arg(buildTime.elapsed());
 }
 
 void MainWindow::setController(Controller *controller)
@@ -147,24 +177,43 @@ void MainWindow::setController(Controller *controller)
     m_splash->setController(controller);
     m_login->setController(controller);
     VideoScreenWiring::connect(controller, m_video);
-    m_report->setController(controller);
-    connect(controller, &Controller::setActiveScreen, m_settings, &Settings::setActiveScreen);
-    connect(m_settings, &Settings::settingChanged, controller, [controller](const QString &key, const QString &value) {
-        if (key == QLatin1String("Backlight/Level"))
-            controller->setNewBacklight(value.toInt() * 255 / 100);
-    });
+    connect(controller, &Controller::setActiveScreen, this, [this](int tab) { settings()->setActiveScreen(tab); });
     connectFormsTo(controller);
 }
 
 void MainWindow::connectFormsTo(Controller *controller)
 {
-    for (BaseInfo *form : m_stack->findChildren<BaseInfo *>(QString(), Qt::FindDirectChildrenOnly)) {
+    for (int n = 0; n < m_stack->count(); ++n)
+        connectPageTo(m_stack->widget(n), controller);
+}
+
+void MainWindow::connectPageTo(QWidget *page, Controller *controller)
+{
+    if (auto *form = qobject_cast<BaseInfo *>(page)) {
         connect(form, &BaseInfo::selectVideoScreen, controller, &Controller::selectVideoScreen);
         connect(form, &BaseInfo::selectWCSectionInfoScreen, controller, &Controller::selectWCSectionInfoScreen);
         connect(form, &BaseInfo::selectWCSectionInfoScreen2, controller, &Controller::selectWCSectionInfoScreen2);
-    }
-    if (auto *notes = qobject_cast<engineersNotes *>(m_engNote))
+    } else if (auto *notes = qobject_cast<engineersNotes *>(page))
         connect(notes, &engineersNotes::selectVideoScreen, controller, &Controller::selectVideoScreen);
+    else if (page == m_report && m_report)
+        m_report->setController(controller);
+    else if (page == m_settings && m_settings)
+        connectSettingsTo(controller);
+}
+
+void MainWindow::connectSettingsTo(Controller *controller)
+{
+    connect(m_settings, &Settings::settingChanged, controller, [controller](const QString &key, const QString &value) {
+        if (key == QLatin1String("Backlight/Level"))
+            controller->setNewBacklight(value.toInt() * 255 / 100);
+    });
+    m_settings->clockScreen()->setControl(controller->clockControl());
+}
+
+Settings *MainWindow::settings()
+{
+    buildPageIfWanted(Controller::kScreenSettings);
+    return m_settings;
 }
 
 int MainWindow::pageCount() const
@@ -172,8 +221,9 @@ int MainWindow::pageCount() const
     return m_stack->count();
 }
 
-PipeScreen *MainWindow::page(int n) const
+PipeScreen *MainWindow::page(int n)
 {
+    buildPageIfWanted(n);
     return qobject_cast<PipeScreen *>(m_stack->widget(n));
 }
 
@@ -181,8 +231,8 @@ void MainWindow::selectScreen(int n)
 {
     if (n < 0 || n >= m_stack->count())
         return;
-    m_stack->setCurrentIndex(n);
     PipeScreen *current = page(n);
+    m_stack->setCurrentIndex(n);
     setWindowTitle(current->whatsThis());
     qInfo().noquote() << QStringLiteral("Screen %1: %2").arg(n).arg(current->whatsThis());
     // The engineer's notes keep what was typed when the page is shown again.
@@ -202,11 +252,23 @@ int MainWindow::screen()
 
 ISplashScreen *MainWindow::splashScreen() { return m_splash; }
 ILoginScreen *MainWindow::loginScreen() { return m_login; }
-IReportScreen *MainWindow::reportScreen() { return m_report; }
+IReportScreen *MainWindow::reportScreen()
+{
+    buildPageIfWanted(Controller::kScreenReport);
+    return m_report;
+}
+
 IVideoScreen *MainWindow::videoScreen() { return dynamic_cast<IVideoScreen *>(m_video); }
-IHelpScreen *MainWindow::helpScreen() { return m_help; }
-IStatus *MainWindow::statusScreen() { return m_settings->statusScreen(); }
-IClock *MainWindow::clockScreen() { return m_settings->clockScreen(); }
+IHelpScreen *MainWindow::helpScreen()
+{
+    buildPageIfWanted(Controller::kScreenHelp);
+    return m_help;
+}
+
+IStatus *MainWindow::statusScreen() { return settings()->statusScreen(); }
+
+// Until the settings screen is built, the controller's clock reaches it as it is built.
+IClock *MainWindow::clockScreen() { return m_settings ? m_settings->clockScreen() : nullptr; }
 
 bool MainWindow::currentPageIsOneOf(std::initializer_list<PipeScreen *> pages) const
 {

@@ -5,7 +5,9 @@
 
 #include <QKeyEvent>
 #include <QMainWindow>
+#include <QHash>
 #include <QVector>
+#include <functional>
 
 class Controller;
 class external_control;
@@ -39,7 +41,8 @@ public:
     IClock *clockScreen() override;
 
     int pageCount() const;
-    PipeScreen *page(int n) const;
+    // Builds the page first when it has not been shown yet.
+    PipeScreen *page(int n);
 
 public slots:
     void setController(Controller *controller);
@@ -64,6 +67,12 @@ private:
     void connectFormsTo(Controller *controller);
     PipeScreen *addPage(PipeScreen *page);
     PipeScreen *addPlaceholderPage(const QString &whatsThis);
+    // A page made only when first wanted; a placeholder of the same title holds its place.
+    void addPageOnDemand(const QString &whatsThis, std::function<PipeScreen *()> make);
+    void buildPageIfWanted(int n);
+    void connectPageTo(QWidget *page, Controller *controller);
+    void connectSettingsTo(Controller *controller);
+    Settings *settings();
     bool currentPageIsOneOf(std::initializer_list<PipeScreen *> pages) const;
     bool handleShiftedRelease(QKeyEvent *event);
     void handleSurveyKeyPress(QKeyEvent *event);
@@ -80,6 +89,7 @@ private:
     Controller *m_control = nullptr;
     external_control *m_external = nullptr;
     QStackedWidget *m_stack = nullptr;
+    QHash<int, std::function<PipeScreen *()>> m_pagesOnDemand;
     QKeyEvent upevent;
     QKeyEvent downevent;
     QKeyEvent stopevent;

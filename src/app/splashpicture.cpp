@@ -29,12 +29,22 @@ void createSplashScreen()
     label.close();
 }
 
+bool hasCustomerSplash()
+{
+    return QFile::exists(unitPath(QStringLiteral("/opt/hbi/splash.png")));
+}
+
 QString splashPicture(const QString &language)
 {
-    if (QFile::exists(unitPath(QStringLiteral("/opt/hbi/splash.png")))) {
+    if (hasCustomerSplash()) {
         createSplashScreen();
         return unitPath(QStringLiteral("/opt/hbi/splash_user.png"));
     }
+    return productSplashPicture(language);
+}
+
+QString productSplashPicture(const QString &language)
+{
     if (language == QLatin1String("en-US"))
         return unitPath(QStringLiteral("/opt/hbi/wayfell_splash.png"));
     return unitPath(QStringLiteral("/opt/hbi/lanthorn_splash.png"));

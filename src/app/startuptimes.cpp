@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
+#include <ctime>
 
 namespace {
 QElapsedTimer &sinceMain()
@@ -18,6 +19,17 @@ QElapsedTimer &sinceMain()
 void StartupTimes::markStart()
 {
     sinceMain().start();
+}
+
+void StartupTimes::mark(const char *step)
+{
+    timespec cpu{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &cpu);
+    const double cpuMs = cpu.tv_sec * 1000.0 + cpu.tv_nsec / 1e6;
+    qDebug().noquote() << QStringLiteral("Start-up: %1 %2 ms after start, main thread %3 ms of processor")
+                              .arg(QLatin1String(step))
+                              .arg(msSinceLaunch(), 0, 'f', 1)
+                              .arg(cpuMs, 0, 'f', 1);
 }
 
 StartupTimes::StartupTimes(QWidget *window) : QObject(window)

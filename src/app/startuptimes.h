@@ -14,6 +14,9 @@ class StartupTimes : public QObject
 public:
     // First thing in main(): the start when no launch time is handed over.
     static void markStart();
+    // A step of start-up, how long after launch it was reached and the main thread's
+    // processor time so far (which a loaded machine does not stretch), for profiling.
+    static void mark(const char *step);
     // Watches the window, which owns the watcher.
     explicit StartupTimes(QWidget *window);
 

@@ -53,6 +53,9 @@ const QVector<Entry> &all()
         {"WinCan/Serviceability", "0", true},
         // Wi-Fi
         {"WiFi/Password", "", true},
+        // Cloud: the FTP site, or the WinCan Web service at its fixed address
+        {"Cloud/WinCanWeb", "false", true},
+        {"Cloud/WinCanWebServer", "https://wincanweb.invalid", false},
         // Kept by the program
         {"Help/FirstPage", "en-GB", false},
         {"Help/Ostra", "", false},

@@ -8,3 +8,6 @@ class QString;
 // written many at a time while the console waits; the general PNG writer tries
 // every filter on every row and costs several times as much.
 bool writeFlatPng(const QImage &image, const QString &path);
+// The same for a picture with transparency, written as RGBA: the video overlay,
+// mostly transparent, whose time to publish is what the operator waits for.
+bool writeFlatPngWithAlpha(const QImage &image, const QString &path);

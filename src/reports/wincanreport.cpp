@@ -97,7 +97,7 @@ void WinCanReport::startElement(QXmlStreamReader &xml)
         return;
     // Every other element the report uses holds text only; a stray child is read as text.
     const QString text = xml.readElementText(QXmlStreamReader::IncludeChildElements);
-    if (!fillSimpleField(name, text)) {
+    if (!fillField(name, text)) {
         fillNode(name, text);
         fillObservationField(name, text);
     }
@@ -115,7 +115,7 @@ void WinCanReport::endElement(const QStringRef &name)
         endProject();
 }
 
-bool WinCanReport::fillSimpleField(const QString &name, const QString &text)
+bool WinCanReport::fillField(const QString &name, const QString &text)
 {
     struct Field {
         const char *element;

@@ -40,7 +40,6 @@ public:
     // Per job: start node, direction ("(U)", "(D)" or " "), end node, start depth, end depth.
     const QVector<QStringList> &pipeInfo() const { return m_pipeInfo; }
     int sectionCount() const { return sectionNumber; }
-    int inspectionCount() const { return inspNumber; }
 
 private:
     struct Observation {
@@ -56,7 +55,7 @@ private:
 
     void startElement(QXmlStreamReader &xml);
     void endElement(const QStringRef &name);
-    bool fillSimpleField(const QString &name, const QString &text);
+    bool fillField(const QString &name, const QString &text);
     void fillNode(const QString &name, const QString &text);
     void fillObservationField(const QString &name, const QString &text);
 

@@ -2,6 +2,7 @@
 
 #include "storage/networkstorage.h"
 #include "widgets/hbimessagebox.h"
+#include "widgets/p_combobox.h"
 #include "widgets/p_lineedit.h"
 #include "widgets/p_pushbutton.h"
 
@@ -14,6 +15,8 @@
 SettingsCloud::SettingsCloud(QWidget *parent) : QWidget(parent)
 {
     m_cloud = NetworkStorage::instance();
+    m_service = new P_ComboBox(this);
+    m_service->addItems({tr("FTP Site"), tr("WinCan Web")});
     m_host = new P_LineEdit(this);
     m_username = new P_LineEdit(this);
     m_password = new P_LineEdit(this);
@@ -28,6 +31,7 @@ SettingsCloud::SettingsCloud(QWidget *parent) : QWidget(parent)
     m_loadingLabel->hide();
 
     auto *form = new QFormLayout;
+    form->addRow(tr("Service"), m_service);
     form->addRow(tr("Host"), m_host);
     form->addRow(tr("Username"), m_username);
     form->addRow(tr("Password"), m_password);
@@ -36,10 +40,13 @@ SettingsCloud::SettingsCloud(QWidget *parent) : QWidget(parent)
     layout->addWidget(m_test);
     layout->addWidget(m_loadingLabel);
     layout->addStretch();
+    setTabOrder(m_service, m_host);
     setTabOrder(m_host, m_username);
     setTabOrder(m_username, m_password);
     setTabOrder(m_password, m_test);
 
+    connect(m_service, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this](int row) { setWinCanWeb(row == 1); });
     connect(m_test, &QPushButton::released, this, &SettingsCloud::testConnection);
     connect(this, &SettingsCloud::scan, m_cloud, &NetworkStorage::networkScan);
     connect(m_cloud, &NetworkStorage::update, this, &SettingsCloud::updateFields);
@@ -61,8 +68,35 @@ void SettingsCloud::showEvent(QShowEvent *event)
 
 void SettingsCloud::readSettings()
 {
+    wincanweb = m_cloud->isWinCanWeb();
+    showService();
     // The stored values come back through the update signal.
     m_cloud->readSettings();
+}
+
+// Switching takes effect at once, as the other settings do: the other service's
+// item leaves the media browser until a test or a scan mounts this one.
+void SettingsCloud::setWinCanWeb(bool on)
+{
+    if (isTesting() || on == wincanweb) {
+        showService();
+        return;
+    }
+    wincanweb = on;
+    m_cloud->setWinCanWeb(on);
+    showService();
+    if (!on)
+        m_cloud->readSettings();
+}
+
+void SettingsCloud::showService()
+{
+    const QSignalBlocker quiet(m_service);
+    m_service->setCurrentIndex(wincanweb ? 1 : 0);
+    // WinCan Web's address is fixed: shown, not typed.
+    m_host->setReadOnly(wincanweb);
+    if (wincanweb)
+        m_host->setText(m_cloud->winCanWebHost());
 }
 
 void SettingsCloud::updateFields(QString host, QString user, QString password)
@@ -70,7 +104,7 @@ void SettingsCloud::updateFields(QString host, QString user, QString password)
     // A scan under way keeps what the operator typed.
     if (isTesting())
         return;
-    m_host->setText(host);
+    m_host->setText(wincanweb ? m_cloud->winCanWebHost() : host);
     m_username->setText(user);
     m_password->setText(password);
 }

@@ -3,14 +3,16 @@
 #include <QWidget>
 
 class NetworkStorage;
+class P_ComboBox;
 class P_LineEdit;
 class P_PushButton;
 class QLabel;
 class QMovie;
 
-// The cloud page of the settings screen: the operator enters the FTP site's
-// host, user name and password and tests the connection, which also saves them
-// and, when it succeeds, mounts the site as "Cloud".
+// The cloud page of the settings screen: the operator chooses the FTP site or
+// WinCan Web, enters the host (WinCan Web's is fixed), user name and password
+// and tests the connection, which also saves them and, when it succeeds, mounts
+// the site as "Cloud" or "WinCan Web".
 class SettingsCloud : public QWidget
 {
     Q_OBJECT
@@ -21,6 +23,7 @@ public:
     QString username() const;
     QString password() const;
     bool isTesting() const;
+    bool isWinCanWeb() const { return wincanweb; }
 
 public slots:
     void testConnection();
@@ -28,6 +31,7 @@ public slots:
     void connectionFailure();
     void updateFields(QString host, QString user, QString password);
     void readSettings();
+    void setWinCanWeb(bool on);
 
 signals:
     void scan(QString host, QString user, QString password);
@@ -38,8 +42,10 @@ protected:
 
 private:
     void tell(bool warning, const QString &title, const QString &text);
+    void showService();
 
     NetworkStorage *m_cloud = nullptr;
+    P_ComboBox *m_service = nullptr;
     P_LineEdit *m_host = nullptr;
     P_LineEdit *m_username = nullptr;
     P_LineEdit *m_password = nullptr;

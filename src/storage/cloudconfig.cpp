@@ -5,6 +5,7 @@
 #include <QDebug>
 #include <QFile>
 #include <QSaveFile>
+#include <QStringList>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -54,8 +55,39 @@ bool CloudConfig::read(QString *error)
     return true;
 }
 
+namespace {
+// XML cannot hold most control characters at all; a settings file that says
+// what cannot be read back would lose all three values.
+bool fitsInXml(const QString &value)
+{
+    for (const QChar c : value) {
+        if (c.unicode() < 0x20 && c != QLatin1Char('\t') && c != QLatin1Char('\n') && c != QLatin1Char('\r'))
+            return false;
+    }
+    return true;
+}
+
+// A reader turns a carriage return written as it is into a line feed; as a
+// character reference it comes back as it went.
+void writeValue(QXmlStreamWriter &xml, const QString &name, const QString &value)
+{
+    xml.writeStartElement(name);
+    const QStringList parts = value.split(QLatin1Char('\r'));
+    for (int i = 0; i < parts.size(); ++i) {
+        if (i > 0)
+            xml.writeEntityReference(QStringLiteral("#13"));
+        xml.writeCharacters(parts.at(i));
+    }
+    xml.writeEndElement();
+}
+} // namespace
+
 bool CloudConfig::write() const
 {
+    if (!fitsInXml(host) || !fitsInXml(username) || !fitsInXml(password)) {
+        qWarning() << "Cannot write cloud settings: a value holds a control character";
+        return false;
+    }
     QSaveFile file(fileName());
     if (!file.open(QIODevice::WriteOnly)) {
         qWarning() << "Cannot write cloud settings:" << file.errorString();
@@ -65,9 +97,9 @@ bool CloudConfig::write() const
     xml.setAutoFormatting(true);
     xml.writeStartDocument();
     xml.writeStartElement(kRoot);
-    xml.writeTextElement(kHost, host);
-    xml.writeTextElement(kUsername, username);
-    xml.writeTextElement(kPassword, password);
+    writeValue(xml, kHost, host);
+    writeValue(xml, kUsername, username);
+    writeValue(xml, kPassword, password);
     xml.writeEndElement();
     xml.writeEndDocument();
     return file.commit();

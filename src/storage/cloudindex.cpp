@@ -41,19 +41,26 @@ bool CloudIndex::reset()
     return true;
 }
 
+// A line break in a name would split its line in two; the index keeps what it
+// reads back, trimmed, so a name is compared as it will be read.
 bool CloudIndex::add(const QString &path, int depth)
 {
-    const QString below = filterPath(path, true);
-    if (below.isEmpty() || m_paths.contains(below)) {
+    const QString below = filterPath(path, true).trimmed();
+    const bool breaksLine = below.contains(QLatin1Char('\n')) || below.contains(QLatin1Char('\r'));
+    if (below.isEmpty() || breaksLine || m_paths.contains(below)) {
         qInfo().noquote() << "Error cloud index path not valid!" << below;
         return false;
     }
     QFile file(fileName());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append)) {
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Append)) {
         qWarning() << "Error could not open cloud index file!";
         return false;
     }
-    file.write(QStringLiteral("%1,%2\n").arg(below).arg(depth).toUtf8());
+    // A file cut short (a power cut mid-line) would glue this line onto its last one.
+    QByteArray line = QStringLiteral("%1,%2\n").arg(below).arg(depth).toUtf8();
+    if (file.size() > 0 && file.seek(file.size() - 1) && file.peek(1) != "\n")
+        line.prepend('\n');
+    file.write(line);
     file.close();
     return read();
 }
@@ -67,7 +74,10 @@ bool CloudIndex::read()
     }
     QStringList found;
     QTextStream in(&file);
+    // Always UTF-8, as written: two bytes that look like a UTF-16 mark would
+    // otherwise turn the whole file into nonsense.
     in.setCodec("UTF-8");
+    in.setAutoDetectUnicode(false);
     QString line;
     while (in.readLineInto(&line)) {
         // The depth is the last field: a path may itself hold a comma.
@@ -75,7 +85,8 @@ bool CloudIndex::read()
         if (comma < 0)
             continue;
         const QString path = line.left(comma).trimmed();
-        if (!path.isEmpty())
+        // A hand-edited file may name a site twice; the browser shows it once.
+        if (!path.isEmpty() && !found.contains(path))
             found << path;
     }
     if (in.status() != QTextStream::Ok) {

@@ -1,6 +1,8 @@
 #include "storage/networkstorage.h"
 
+#include "core/consolesettings.h"
 #include "core/processcontroller.h"
+#include "core/settingkeys.h"
 #include "core/singleton.h"
 #include "core/unitpaths.h"
 #include "storage/cloudconfig.h"
@@ -13,20 +15,17 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 
 namespace {
 const QString kQuickScan = QStringLiteral("ftp_quickscan.sh");
 const QString kFullScan = QStringLiteral("ftp_fullscan.sh");
 const QString kMakePath = QStringLiteral("ftp_makepath.sh");
 const QString kShell = QStringLiteral("/bin/sh");
-const QString kDirLine = QStringLiteral("DIR: ");
-const QString kFileLine = QStringLiteral("FILE: ");
 const QString kMakePathFailed = QStringLiteral("Could not chdir to");
 const QString kCloudName = QStringLiteral("Cloud");
 const QString kWinCanWebName = QStringLiteral("WinCan Web");
-const char kWinCanWebServerKey[] = "Cloud/WinCanWebServer";
-const char kWinCanWebServer[] = "https://wincanweb.invalid";
+const QString kWinCanWebKey = QStringLiteral("Cloud/WinCanWeb");
+const QString kWinCanWebServerKey = QStringLiteral("Cloud/WinCanWebServer");
 constexpr int kFullWifi = 4;
 constexpr int kNoWifiConnection = 1;
 } // namespace
@@ -35,14 +34,12 @@ NetworkStorage::NetworkStorage(QObject *parent) : StorageBase(parent)
 {
     m_ftp = FTPClient::instance(parent);
     process = ProcessController::instance(parent);
-    m_wifiState = wifiStateFromRoute();
     connect(process, &ProcessController::outputWithArgs, this, &NetworkStorage::finishedProcess);
     connect(m_ftp, &FTPClient::done, this, &NetworkStorage::copyFinished);
     connect(m_ftp, &FTPClient::quitclicked, this, &NetworkStorage::copyQuit);
     m_wcw = WCWClient::instance(parent);
-    WCWhost = QSettings(QStringLiteral("Corvane"), QStringLiteral("Ductline"))
-                  .value(kWinCanWebServerKey, QString::fromLatin1(kWinCanWebServer))
-                  .toString();
+    WCWhost = SettingKeys::value(kWinCanWebServerKey).toString();
+    m_wincanweb = SettingKeys::value(kWinCanWebKey).toBool();
     m_wcw->setServer(QUrl(WCWhost));
     connect(m_wcw, &WCWClient::loggedin, this, &NetworkStorage::wcwLoggedIn);
     connect(m_wcw, &WCWClient::newpaths, this, &NetworkStorage::wcwPaths);
@@ -60,7 +57,13 @@ NetworkStorage *NetworkStorage::instance(QObject *parent)
 }
 
 // Until the Wi-Fi link reports, a default route on the wireless interface
-// stands for a connection.
+// stands for a connection; read when asked, since the unit joins a network
+// long after the console starts.
+int NetworkStorage::wifiState() const
+{
+    return m_wifiState >= 0 ? m_wifiState : wifiStateFromRoute();
+}
+
 int NetworkStorage::wifiStateFromRoute()
 {
     QFile route(unitPath(QStringLiteral("/proc/net/route")));
@@ -84,8 +87,15 @@ QString NetworkStorage::filterPath(const QString &path, bool keepBelow)
     return CloudIndex::filterPath(path, keepBelow);
 }
 
+// The other service's item goes, and so does its index: the browser must not
+// list one service's projects under the other's name.
 void NetworkStorage::setWinCanWeb(bool on)
 {
+    ConsoleSettings().setValue(kWinCanWebKey, on);
+    if (on == m_wincanweb)
+        return;
+    unmountCloud();
+    m_index.reset();
     m_wincanweb = on;
 }
 
@@ -126,17 +136,39 @@ void NetworkStorage::writeSettings()
 
 void NetworkStorage::networkScan(QString host, QString user, QString password)
 {
-    m_host = host.trimmed();
-    // The site is named without a scheme; an operator may type one.
-    const int scheme = m_host.indexOf(QStringLiteral("://"));
-    if (scheme >= 0)
-        m_host = m_host.mid(scheme + 3);
-    while (m_host.endsWith(QLatin1Char('/')))
-        m_host.chop(1);
+    // WinCan Web has its fixed address; the FTP site's host stays saved for when
+    // the operator switches back.
+    if (!m_wincanweb) {
+        m_host = host.trimmed();
+        // The site is named without a scheme; an operator may type one.
+        const int scheme = m_host.indexOf(QStringLiteral("://"));
+        if (scheme >= 0)
+            m_host = m_host.mid(scheme + 3);
+        while (m_host.endsWith(QLatin1Char('/')))
+            m_host.chop(1);
+    }
     m_username = user;
     m_password = password;
     writeSettings();
+    // New settings may name another site: what the old one held goes at once.
     m_index.reset();
+    scan();
+}
+
+void NetworkStorage::autoScan()
+{
+    readSettings();
+    if ((!m_wincanweb && m_host.isEmpty()) || m_username.isEmpty()) {
+        qInfo() << "No cloud site set; no scan";
+        return;
+    }
+    scan();
+}
+
+// The index the browser lists stays as it is until the answer replaces it, so
+// a site opened while the scan runs is not shown empty.
+void NetworkStorage::scan()
+{
     if (m_wincanweb) {
         m_wcw->logout();
         m_wcw->loginToWeb(m_username, m_password);
@@ -155,6 +187,7 @@ void NetworkStorage::wcwLoggedIn()
 
 void NetworkStorage::wcwPaths(bool ok, QStringList names)
 {
+    m_index.reset();
     if (ok) {
         for (const QString &name : qAsConst(names))
             updateNetworkPaths(QStringLiteral("%1/corvane/%2").arg(WCWhost, name), 1);
@@ -169,20 +202,9 @@ void NetworkStorage::wcwPaths(bool ok, QStringList names)
     emit scanfinished();
 }
 
-void NetworkStorage::autoScan()
-{
-    readSettings();
-    if (m_host.isEmpty()) {
-        qInfo() << "No cloud site set; no scan";
-        return;
-    }
-    m_index.reset();
-    performScan(QString());
-}
-
 void NetworkStorage::performScan(const QString &path)
 {
-    if (m_wifiState <= kNoWifiConnection) {
+    if (wifiState() <= kNoWifiConnection) {
         qInfo() << "Can't scan without WiFi!";
         return;
     }
@@ -222,23 +244,21 @@ void NetworkStorage::finishedProcess(QString cmd, QString output, QStringList ar
     }
 }
 
-// The listing has one "DIR: <path>" or "FILE: <path>" line for each entry; the
-// site counts as reached when its project folder was listed.
+// The site counts as reached when its project folder was listed.
 void NetworkStorage::initPaths(const QString &output)
 {
+    m_index.reset();
     bool found = false;
-    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &line : lines) {
-        if (!line.startsWith(kDirLine))
+    for (const FtpListing::Entry &entry : FtpListing::parse(output)) {
+        if (!entry.isDir)
             continue;
-        const QString remote = line.mid(kDirLine.size());
-        const QString below = filterPath(remote, true);
+        const QString below = filterPath(entry.path, true);
         if (below.isEmpty()) {
-            found = found || remote.split(QLatin1Char('/')).contains(CloudIndex::kProjectFolder);
+            found = found || entry.path.split(QLatin1Char('/')).contains(CloudIndex::kProjectFolder);
             continue;
         }
         found = true;
-        updateNetworkPaths(m_host + remote, below.count(QLatin1Char('/')) + 1);
+        updateNetworkPaths(m_host + entry.path, below.count(QLatin1Char('/')) + 1);
     }
     if (found) {
         mountCloud();
@@ -281,27 +301,6 @@ QString NetworkStorage::remoteFolder(const QString &cloudPath) const
     return slash < 0 ? QStringLiteral("/") : cloudPath.mid(slash);
 }
 
-QList<NetworkStorage::CopyEntry> NetworkStorage::parseListing(const QString &output, const QString &below)
-{
-    QList<CopyEntry> entries;
-    const QString prefix = below + QLatin1Char('/');
-    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &line : lines) {
-        const bool isDir = line.startsWith(kDirLine);
-        if (!isDir && !line.startsWith(kFileLine))
-            continue;
-        const QString path = line.mid(isDir ? kDirLine.size() : kFileLine.size());
-        if (!path.startsWith(prefix))
-            continue;
-        const QString relative = path.mid(prefix.size());
-        // A name of dots would step out of the copy's folder.
-        if (relative.split(QLatin1Char('/')).contains(QStringLiteral("..")))
-            continue;
-        entries << CopyEntry{relative, isDir};
-    }
-    return entries;
-}
-
 void NetworkStorage::downloadFiles(QString source, QString destination)
 {
     requestcancel = false;
@@ -336,17 +335,17 @@ void NetworkStorage::preparePaths()
 void NetworkStorage::prepareDownload(const QString &output)
 {
     m_preparingDownload = false;
-    copyPaths = parseListing(output, remoteFolder(src));
+    copyPaths = FtpListing::below(output, remoteFolder(src));
     if (copyPaths.isEmpty() || !QDir().mkpath(dest)) {
         qWarning().noquote() << "Nothing to download from" << src << "into" << dest;
         copyQuit();
         return;
     }
     for (copyIndex = 0; copyIndex < copyPaths.size(); ++copyIndex) {
-        const CopyEntry &entry = copyPaths.at(copyIndex);
-        const QString local = dest + QLatin1Char('/') + entry.relative;
+        const FtpListing::Entry &entry = copyPaths.at(copyIndex);
+        const QString local = dest + QLatin1Char('/') + entry.path;
         if (!entry.isDir) {
-            m_ftp->addFile(entry.relative);
+            m_ftp->addFile(entry.path);
             continue;
         }
         if (QFileInfo(local).isDir())
@@ -503,5 +502,5 @@ void NetworkStorage::cancelCopy()
 
 void NetworkStorage::updateWirelessLog(CloudState state)
 {
-    WirelessLog::append(state, m_host, m_username, m_wifiState);
+    WirelessLog::append(state, serverRoot(), m_username, wifiState());
 }

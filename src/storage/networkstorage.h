@@ -1,6 +1,7 @@
 #pragma once
 
 #include "storage/cloudindex.h"
+#include "storage/ftplisting.h"
 #include "storage/storagebase.h"
 
 #include <QProcess>
@@ -42,7 +43,8 @@ public:
     // True for a project path on the mounted cloud site.
     bool isCloudPath(const QString &path) const;
     bool isWinCanWeb() const { return m_wincanweb; }
-    // The WinCan Web service in place of the FTP site, at the address the console is set to.
+    // The WinCan Web service in place of the FTP site, at the address the console
+    // is set to; kept in the settings.
     void setWinCanWeb(bool on);
     QString winCanWebHost() const { return WCWhost; }
     QStringList indexedPaths() const { return m_index.paths(); }
@@ -81,11 +83,8 @@ private:
     friend class Singleton<NetworkStorage>;
     explicit NetworkStorage(QObject *parent);
 
-    struct CopyEntry {
-        QString relative;
-        bool isDir = false;
-    };
-
+    // A fresh index from the service in use, as the settings say.
+    void scan();
     void performScan(const QString &path);
     void performFullScan(const QString &path);
     void queueScript(const QString &script, const QString &path);
@@ -96,7 +95,6 @@ private:
     int serverSlot() const;
     QString serverRoot() const;
     QString remoteFolder(const QString &cloudPath) const;
-    static QList<CopyEntry> parseListing(const QString &output, const QString &below);
     void preparePaths();
     void prepareDownload(const QString &output);
     void processDownloadFiles();
@@ -106,6 +104,7 @@ private:
     void processUploadFiles();
     void indexUploaded();
     void updateWirelessLog(CloudState state);
+    int wifiState() const;
     static int wifiStateFromRoute();
 
     FTPClient *m_ftp = nullptr;
@@ -119,7 +118,7 @@ private:
     QString m_password;
     QString src;
     QString dest;
-    QList<CopyEntry> copyPaths;
+    QList<FtpListing::Entry> copyPaths;
     QStringList m_uploadDirs;
     int copyIndex = -1;
     volatile int directoriesMade = 0;
@@ -128,5 +127,6 @@ private:
     volatile bool requestcancel = false;
     bool m_copying = false;
     bool m_preparingDownload = false;
-    int m_wifiState = 0;
+    // -1 until the Wi-Fi link reports.
+    int m_wifiState = -1;
 };

@@ -1,5 +1,7 @@
 #include "survey/surveypaths.h"
 
+#include <QFileInfo>
+
 namespace {
 
 const QString kSurveyFolder = QStringLiteral("corvane");
@@ -7,6 +9,13 @@ const QString kBasicFolder = QStringLiteral("survey.bas");
 const QString kCorvaneSuffix = QStringLiteral(".sur");
 const QString kWinCanSuffix = QStringLiteral(".wcs");
 const QString kCorvaneSectionPrefix = QStringLiteral("section_");
+
+QString freeStampedFolder(const QString &parent, QDateTime when)
+{
+    while (QFileInfo::exists(parent + QLatin1Char('/') + SurveyPaths::timeStamp(when)))
+        when = when.addSecs(1);
+    return SurveyPaths::timeStamp(when);
+}
 
 bool isAsciiLetterOrDigit(char c)
 {
@@ -50,7 +59,8 @@ QString SurveyPaths::winCanProjectDirectory(const QString &devicePath, const QSt
 
 QString SurveyPaths::basicSectionDirectory(const QString &devicePath, const QDateTime &when)
 {
-    return surveyRoot(devicePath) + kBasicFolder + QLatin1Char('/') + timeStamp(when);
+    const QString surveys = surveyRoot(devicePath) + kBasicFolder;
+    return surveys + QLatin1Char('/') + freeStampedFolder(surveys, when);
 }
 
 QString SurveyPaths::corvaneSectionFolder(int number)
@@ -58,9 +68,9 @@ QString SurveyPaths::corvaneSectionFolder(int number)
     return kCorvaneSectionPrefix + QString::number(number);
 }
 
-QString SurveyPaths::winCanSectionFolder(const QDateTime &when)
+QString SurveyPaths::winCanSectionFolder(const QString &projectDirectory, const QDateTime &when)
 {
-    return timeStamp(when);
+    return freeStampedFolder(projectDirectory, when);
 }
 
 bool SurveyPaths::isProjectFolder(const QString &folderName)

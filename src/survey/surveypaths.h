@@ -23,10 +23,12 @@ public:
     static QString corvaneProjectDirectory(const QString &devicePath, const QString &siteName);
     static QString winCanProjectDirectory(const QString &devicePath, const QString &projectName);
 
-    // Without a trailing "/".
+    // Without a trailing "/". A time-stamped section started within the second
+    // of one already on the device takes the next free second, so that it never
+    // writes into the other's folder.
     static QString basicSectionDirectory(const QString &devicePath, const QDateTime &when);
     static QString corvaneSectionFolder(int number);
-    static QString winCanSectionFolder(const QDateTime &when);
+    static QString winCanSectionFolder(const QString &projectDirectory, const QDateTime &when);
 
     // Only these folders can be opened as a project.
     static bool isProjectFolder(const QString &folderName);

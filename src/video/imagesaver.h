@@ -6,7 +6,9 @@
 
 // Encodes and publishes the overlay picture away from the main thread: PNG
 // encoding of a full frame is too slow to run at the overlay's refresh rate on
-// the unit. Requests are queued and carried out in order on the saver's thread.
+// the unit. Requests are queued and carried out in order on the saver's thread;
+// each is written beside its target and moved into place in the same step, so
+// nothing waits on a round trip through the main thread in between.
 class ImageSaver : public QObject
 {
     Q_OBJECT
@@ -14,18 +16,14 @@ public:
     ImageSaver();
     ~ImageSaver() override;
 
-    void requestImageSave(const QImage &image, const QString &path);
-    void requestImageMove(const QString &from, const QString &to);
+    void requestImagePublish(const QImage &image, const QString &temporary, const QString &path);
 
 signals:
-    // After a save request: whether `path` now holds the whole picture.
-    void imageReady(QString path, bool ok);
-    // After a move request: whether `to` holds the latest picture saved.
-    void imageMoved(QString to, bool ok);
+    // Whether `path` now holds this picture; when not, it keeps the one before.
+    void imagePublished(QString path, bool ok);
 
 private slots:
-    void saveImage(const QImage &image, const QString &path);
-    void moveImage(const QString &from, const QString &to);
+    void publishImage(const QImage &image, const QString &temporary, const QString &path);
 
 private:
     QThread t;

@@ -60,6 +60,21 @@ void OutlinedLabel::setTextSize(int size)
 
 void OutlinedLabel::paintEvent(QPaintEvent *)
 {
+    if (m_picture.size() != size() || m_pictureKey != pictureKey())
+        drawPicture();
+    QPainter(this).drawImage(0, 0, m_picture);
+}
+
+QString OutlinedLabel::pictureKey() const
+{
+    return QStringLiteral("%1 %2 %3 %4").arg(ptSize).arg(bck_colour.rgba()).arg(outline_colour.rgba()).arg(text());
+}
+
+void OutlinedLabel::drawPicture()
+{
+    m_pictureKey = pictureKey();
+    m_picture = QImage(size(), QImage::Format_ARGB32_Premultiplied);
+    m_picture.fill(Qt::transparent);
     QFont font(QStringLiteral("Arial"), ptSize, QFont::Bold);
     font.setStyleHint(QFont::SansSerif, QFont::PreferBitmap);
     const QFontMetrics metrics(font);
@@ -70,7 +85,7 @@ void OutlinedLabel::paintEvent(QPaintEvent *)
     const QStringList lines = text().split(QLatin1Char('\n'));
     for (int i = 0; i < lines.size(); ++i)
         path.addText(outline / 2, outline / 2 + metrics.ascent() + i * metrics.lineSpacing(), font, lines.at(i));
-    QPainter painter(this);
+    QPainter painter(&m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.strokePath(path, QPen(outline_colour, outline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.fillPath(path, bck_colour);

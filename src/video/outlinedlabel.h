@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QLabel>
 
 // Text that stays readable on any pipe picture: drawn in one colour over a
@@ -41,6 +42,13 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    // Stroking the outline is most of an overlay capture's cost, and most labels
+    // are the same from one capture to the next: drawn once, then copied.
+    void drawPicture();
+    QString pictureKey() const;
+
+    QImage m_picture;
+    QString m_pictureKey;
     int colour_Counter = WhiteTextBlackOutline;
     int m_textSize = medium;
     QColor bck_colour = Qt::white;

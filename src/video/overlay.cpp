@@ -136,8 +136,7 @@ overlay::overlay(QWidget *parent)
     ui->setupUi(this);
     pageList = ui->pages;
 
-    connect(mImageSaver, &ImageSaver::imageReady, this, &overlay::capturedOverlay);
-    connect(mImageSaver, &ImageSaver::imageMoved, this, &overlay::movedOverlay);
+    connect(mImageSaver, &ImageSaver::imagePublished, this, &overlay::publishedOverlay);
     flashTimer->setInterval(kFlashMs);
     connect(flashTimer, &QTimer::timeout, this, &overlay::placeOverlay);
     graphicsTimer->setSingleShot(true);
@@ -397,7 +396,7 @@ void overlay::renderCapture()
         }
     }
     mEncoding = true;
-    mImageSaver->requestImageSave(picture, temporaryFile());
+    mImageSaver->requestImagePublish(picture, temporaryFile(), overlayFile());
 
     if (revealCounter)
         counter->hide();
@@ -405,25 +404,14 @@ void overlay::renderCapture()
         held->show();
 }
 
-void overlay::capturedOverlay(const QString &path, bool ok)
+void overlay::publishedOverlay(const QString &path, bool ok)
 {
     mEncoding = false;
-    if (ok) {
-        // Queued before the next save, so that save never overwrites this picture unpublished.
-        ++mPublishing;
-        mImageSaver->requestImageMove(temporaryFile(), overlayFile());
-    } else {
-        qWarning() << "Overlay picture not published; the recording keeps the previous one:" << path;
-    }
-    takeWantedCapture();
-}
-
-void overlay::movedOverlay(const QString &path, bool ok)
-{
-    Q_UNUSED(path)
-    --mPublishing;
     if (ok)
         emit overlayPublished();
+    else
+        qWarning() << "Overlay picture not published; the recording keeps the previous one:" << path;
+    takeWantedCapture();
 }
 
 OutlinedLabel *overlay::placedLabel() const

@@ -41,7 +41,7 @@ public:
     QString pageReturnText(int page) const;
     state currentState() const { return mCurrentState; }
     // Captures asked for and not yet published or failed; a burst counts as one.
-    int capturesPending() const { return mPublishing + (mEncoding ? 1 : 0) + (mCaptureWanted ? 1 : 0); }
+    int capturesPending() const { return (mEncoding ? 1 : 0) + (mCaptureWanted ? 1 : 0); }
 
 public slots:
     void setCounter(double value);
@@ -74,8 +74,7 @@ protected:
 private slots:
     void placeOverlay();
     void clearGraphics();
-    void capturedOverlay(const QString &path, bool ok);
-    void movedOverlay(const QString &path, bool ok);
+    void publishedOverlay(const QString &path, bool ok);
 
 private:
     void applySettings();
@@ -114,6 +113,5 @@ private:
     // into a single capture taken when the encoder is free.
     bool mEncoding = false;
     bool mCaptureWanted = false;
-    int mPublishing = 0;
     Ui::overlay *ui;
 };

@@ -197,6 +197,42 @@ private slots:
         QCOMPARE(m_window->windowTitle(), QStringLiteral("Help Screen"));
     }
 
+    // Pages built only when first wanted take their own place in the stack, title and
+    // class, and the survey forms among them still lead back to the main screen.
+    void pagesBuiltWhenWantedTakeTheirPlace_data()
+    {
+        QTest::addColumn<int>("screen");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<bool>("isForm");
+        QTest::newRow("report") << int(Controller::kScreenReport) << "Report Screen" << "Report" << false;
+        QTest::newRow("settings") << int(Controller::kScreenSettings) << "Settings screen" << "Settings" << false;
+        QTest::newRow("run info") << int(Controller::kScreenRunInfo) << "Run Info Screen" << "RunInfo" << true;
+        QTest::newRow("WRC run info") << int(Controller::kScreenWRCRunInfo) << "WRC Run Info Screen" << "wrcruninfo"
+                                      << true;
+        QTest::newRow("engineer's notes") << int(Controller::kScreenEngNote) << "Engineers Note Screen"
+                                          << "engineersNotes" << true;
+    }
+    void pagesBuiltWhenWantedTakeTheirPlace()
+    {
+        QFETCH(int, screen);
+        QFETCH(QString, title);
+        QFETCH(QString, className);
+        QFETCH(bool, isForm);
+        const int pages = m_window->pageCount();
+        goTo(Controller::kScreenVideo);
+        goTo(screen);
+        QCOMPARE(m_window->screen(), screen);
+        QCOMPARE(m_window->windowTitle(), title);
+        QCOMPARE(QString::fromLatin1(m_window->page(screen)->metaObject()->className()), className);
+        QCOMPARE(m_window->pageCount(), pages);
+        QVERIFY(m_window->page(screen)->isVisibleTo(m_window));
+        if (isForm) {
+            QVERIFY(QMetaObject::invokeMethod(m_window->page(screen), "selectVideoScreen"));
+            QCOMPARE(m_window->screen(), int(Controller::kScreenVideo));
+        }
+    }
+
     void cleanupTestCase()
     {
         delete m_window;

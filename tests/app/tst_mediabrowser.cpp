@@ -117,7 +117,7 @@ private slots:
         m_window->show();
         m_controller = Controller::create(m_window, m_window);
         m_keys = new KeypadOperator(m_window);
-        m_report = m_window->findChild<Report *>();
+        m_report = qobject_cast<Report *>(m_window->page(Controller::kScreenReport));
         QVERIFY(m_report);
         QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 10000);
     }

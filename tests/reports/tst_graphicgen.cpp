@@ -17,6 +17,22 @@ GraphicGen::Job textJob(int observations, double spacing = 1.0)
 }
 
 const QStringList kInfo{QStringLiteral("MH1"), QStringLiteral("(D)"), QStringLiteral("MH2")};
+const QStringList kWinCanInfo{QStringLiteral("MH1"), QStringLiteral("(U)"), QStringLiteral("MH2"), QStringLiteral("1.20"),
+                              QStringLiteral("1.45")};
+
+// distance, code, continuous-defect mark, text, picture, remarks
+GraphicGen::Observation winCanObservation(const QString &distance, const QString &mark = QStringLiteral("N"))
+{
+    return {distance, QStringLiteral("DES"), mark, QStringLiteral("Settled deposits"), QStringLiteral(" "), QString()};
+}
+
+GraphicGen::Job winCanJob(int observations)
+{
+    GraphicGen::Job job;
+    for (int i = 1; i <= observations; ++i)
+        job << winCanObservation(QString::number(i * 0.5, 'f', 2));
+    return job;
+}
 
 int countPixels(const QImage &image, QColor colour)
 {
@@ -65,6 +81,10 @@ private slots:
     void junctionSide();
     void continuousDefectBar();
     void missingBitmapLeavesNoPicture();
+    void winCanPagesOfThirteen_data();
+    void winCanPagesOfThirteen();
+    void winCanObservationsAtOneDistanceGatherAtTheTop();
+    void winCanContinuousDefectBar();
 };
 
 void TestGraphicGen::pagesOfTen_data()
@@ -176,6 +196,63 @@ void TestGraphicGen::missingBitmapLeavesNoPicture()
     QFile::rename(bitmap + QStringLiteral(".away"), bitmap);
     QVERIFY(log.contains(QStringLiteral("Image failed to load")));
     QVERIFY(!QFile::exists(picture(0, 1)));
+}
+
+void TestGraphicGen::winCanPagesOfThirteen_data()
+{
+    QTest::addColumn<int>("observations");
+    QTest::addColumn<int>("pages");
+    QTest::newRow("none: the bare pipe") << 0 << 1;
+    QTest::newRow("13: one page") << 13 << 1;
+    QTest::newRow("14: pages of 13 and 1") << 14 << 2;
+    QTest::newRow("27: pages of 13, 13 and 1") << 27 << 3;
+}
+
+void TestGraphicGen::winCanPagesOfThirteen()
+{
+    QFETCH(int, observations);
+    QFETCH(int, pages);
+    GraphicGen graphic;
+    graphic.setPath(m_project.path());
+    graphic.createWinCanPipe({winCanJob(observations)}, {kWinCanInfo});
+    for (int page = 1; page <= pages; ++page) {
+        const QImage image(picture(0, page));
+        QCOMPARE(image.size(), QSize(800, 600));
+        QVERIFY2(countPixels(image, Qt::white) < 800 * 600 * 97 / 100, "nothing drawn");
+    }
+    QVERIFY(!QFile::exists(picture(0, pages + 1)));
+    const QString artifacts = TestUnit::artifactsDir(QStringLiteral("tst_graphicgen"));
+    QFile::remove(artifacts + QStringLiteral("/wincan_%1_obs.png").arg(observations));
+    QFile::copy(picture(0, pages), artifacts + QStringLiteral("/wincan_%1_obs.png").arg(observations));
+}
+
+// Labels of observations at one distance would stand on each other: on the
+// WinCan drawing all but the last go to the top of the pipe.
+void TestGraphicGen::winCanObservationsAtOneDistanceGatherAtTheTop()
+{
+    const GraphicGen::Job job{winCanObservation(QStringLiteral("7.30")), winCanObservation(QStringLiteral("7.30")),
+                              winCanObservation(QStringLiteral("7.30"))};
+    const QPointF top(1145, 228);
+    const QPointF bottom(1145 - 0.866 * 1100, 228 + 0.5 * 1100);
+    GraphicGen graphic;
+    graphic.setPath(m_project.path());
+    graphic.createWinCanPipe({job}, {kWinCanInfo});
+    QCOMPARE(graphic.pipePoints(), (QVector<QPointF>{top, top, bottom}));
+    graphic.createPipe({{{QStringLiteral("7.30m"), QStringLiteral("a")}, {QStringLiteral("7.30m"), QStringLiteral("b")}}},
+                       {kInfo});
+    QCOMPARE(graphic.pipePoints(), (QVector<QPointF>{bottom, bottom}));
+}
+
+void TestGraphicGen::winCanContinuousDefectBar()
+{
+    GraphicGen graphic;
+    graphic.setPath(m_project.path());
+    const GraphicGen::Job plain{winCanObservation(QStringLiteral("2.00")), winCanObservation(QStringLiteral("8.00"))};
+    const GraphicGen::Job marked{winCanObservation(QStringLiteral("2.00"), QStringLiteral("S1")),
+                                 winCanObservation(QStringLiteral("8.00"), QStringLiteral("F1"))};
+    graphic.createWinCanPipe({plain, marked}, {kWinCanInfo, kWinCanInfo});
+    QCOMPARE(countRed(QImage(picture(0, 1))), 0);
+    QVERIFY(countRed(QImage(picture(1, 1))) > 300);
 }
 
 QTEST_MAIN(TestGraphicGen)

@@ -1,3 +1,4 @@
+#include "core/consolesettings.h"
 #include "core/processcontroller.h"
 #include "settings/settingscloud.h"
 #include "storage/cloudconfig.h"
@@ -5,7 +6,9 @@
 #include "support/modalsteps.h"
 #include "support/testunit.h"
 #include "support/unitftpsite.h"
+#include "support/wcwstandin.h"
 #include "widgets/hbimessagebox.h"
+#include "widgets/p_combobox.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -23,7 +26,10 @@ class TestSettingsCloud : public QObject
     Q_OBJECT
     TestUnit m_unit;
     UnitFtpSite m_site{m_unit, kUser, kPassword};
+    WcwStandIn m_service{m_unit};
     SettingsCloud *m_page = nullptr;
+
+    static QString mounted(StorageBase::StorageItem item) { return StorageBase::instance()->getPath(item); }
 
     void fill(const QString &host, const QString &user, const QString &password)
     {
@@ -56,6 +62,8 @@ private slots:
     {
         QVERIFY(m_unit.isValid());
         QVERIFY(m_site.start());
+        QVERIFY(m_service.start(kUser, kPassword));
+        ConsoleSettings().setValue("Cloud/WinCanWebServer", m_service.url().toString());
         m_page = new SettingsCloud;
         m_page->resize(800, 500);
         m_page->show();
@@ -113,6 +121,45 @@ private slots:
         QCOMPARE(m_page->host(), m_site.address());
         QCOMPARE(m_page->password(), kPassword);
         QVERIFY(!m_unit.kitLog().join('\n').contains(kPassword));
+    }
+
+    // The switch takes effect at once and is kept; the FTP site's host waits,
+    // saved, for the operator to switch back.
+    void winCanWebSwitchConnectsToTheServiceAndBack()
+    {
+        auto *service = m_page->findChild<P_ComboBox *>();
+        QVERIFY(service);
+        QVERIFY(!m_page->isWinCanWeb());
+        QCOMPARE(mounted(StorageBase::kStorageCLOUD), m_site.address());
+        service->setFocus();
+        QTest::keyClick(service, Qt::Key_Right);
+        QVERIFY(m_page->isWinCanWeb());
+        QCOMPARE(ConsoleSettings().value("Cloud/WinCanWeb").toBool(), true);
+        QCOMPARE(m_page->host(), m_service.url().toString());
+        QVERIFY(m_page->findChildren<QLineEdit *>().first()->isReadOnly());
+        QVERIFY(mounted(StorageBase::kStorageCLOUD).isEmpty());
+
+        fill(m_page->host(), kUser, "wrong");
+        QString told = testAndAnswer();
+        QVERIFY2(told.contains("Cloud Connection Failed"), qPrintable(told));
+        QVERIFY(mounted(StorageBase::kStorageWINCANWEB).isEmpty());
+        fill(m_page->host(), kUser, kPassword);
+        told = testAndAnswer();
+        QVERIFY2(told.contains("Cloud Connection Success"), qPrintable(told));
+        QCOMPARE(mounted(StorageBase::kStorageWINCANWEB), m_service.url().toString());
+        CloudConfig saved;
+        QVERIFY(saved.read());
+        QCOMPARE(saved.host, m_site.address());
+
+        QTest::keyClick(service, Qt::Key_Left);
+        QVERIFY(!m_page->isWinCanWeb());
+        QCOMPARE(ConsoleSettings().value("Cloud/WinCanWeb").toBool(), false);
+        QCOMPARE(m_page->host(), m_site.address());
+        QVERIFY(!m_page->findChildren<QLineEdit *>().first()->isReadOnly());
+        QVERIFY(mounted(StorageBase::kStorageWINCANWEB).isEmpty());
+        told = testAndAnswer();
+        QVERIFY2(told.contains("Cloud Connection Success"), qPrintable(told));
+        QCOMPARE(mounted(StorageBase::kStorageCLOUD), m_site.address());
     }
 
     void settingsFileOtherThanCloudIsRefused()

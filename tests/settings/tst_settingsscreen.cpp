@@ -20,7 +20,8 @@
 
 namespace {
 // Keys whose rows live on panels of their own rather than in a row form.
-const QStringList kOwnPanels = {QStringLiteral("Coiler/Meterage"), QStringLiteral("WiFi/Password")};
+const QStringList kOwnPanels = {QStringLiteral("Coiler/Meterage"), QStringLiteral("WiFi/Password"),
+                                QStringLiteral("Cloud/WinCanWeb")};
 } // namespace
 
 class TestSettingsScreen : public QObject

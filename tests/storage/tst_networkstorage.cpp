@@ -112,6 +112,21 @@ private slots:
         QVERIFY(!StorageBase::instance()->devices(false).contains("Cloud"));
     }
 
+    // Before the Wi-Fi link reports, the routing table says whether the unit has
+    // joined a network, as it is when the scan starts.
+    void routeTableStandsForWifiUntilTheLinkReports()
+    {
+        const QByteArray header = "Iface\tDestination\tGateway\tFlags\tRefCnt\tUse\tMetric\tMask\tMTU\tWindow\tIRTT\n";
+        QVERIFY(m_unit.writeFile("/proc/net/route", header + "eth0\t00000000\t0100007F\t0003\t0\t0\t600\t00000000\t0\t0\t0\n"));
+        m_log->clear();
+        m_cloud->autoScan();
+        QVERIFY(m_log->contains("Can't scan without WiFi!"));
+        QVERIFY(!ProcessController::instance()->isRunning());
+        QVERIFY(m_unit.writeFile("/proc/net/route", header + "wlan0\t00000000\t0100007F\t0003\t0\t0\t600\t00000000\t0\t0\t0\n"));
+        QVERIFY(scan(kPassword));
+        QCOMPARE(cloudRoot(), m_site.address());
+    }
+
     void noWifiNoScan()
     {
         m_cloud->setWifiState(1);

@@ -62,6 +62,21 @@ private slots:
         QCOMPARE(m_cloud->indexedPaths(), QStringList{"Existing Job"});
     }
 
+    // The device list's scan: the saved details log in again and list the projects afresh.
+    void autoScanLogsInAgainWithTheSavedDetails()
+    {
+        QDir().mkpath(m_service.store() + "/Second Job");
+        StorageBase::instance()->handle_unmount(m_cloud->winCanWebHost());
+        QVERIFY(StorageBase::instance()->getPath(StorageBase::kStorageWINCANWEB).isEmpty());
+        QSignalSpy success(m_cloud, &NetworkStorage::success);
+        m_cloud->autoScan();
+        QVERIFY(success.wait(20000));
+        QCOMPARE(StorageBase::instance()->getPath(StorageBase::kStorageWINCANWEB), m_cloud->winCanWebHost());
+        QStringList projects = m_cloud->indexedPaths();
+        projects.sort();
+        QCOMPARE(projects, QStringList({"Existing Job", "Second Job"}));
+    }
+
     void exportedProjectUploads()
     {
         const QString project = makeProject("Oak Road", true);

@@ -1,6 +1,7 @@
 #include "support/keypadoperator.h"
 
 #include "widgets/keypaddialog.h"
+#include "widgets/paramentrydialog.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -61,4 +62,18 @@ bool KeypadOperator::answerMenu(const QString &title, int row)
         key(Qt::Key_Down);
     key(Qt::Key_Return);
     return true;
+}
+
+bool KeypadOperator::answerParams(const QString &code, const QStringList &values)
+{
+    auto *dialog = qobject_cast<ParamEntryDialog *>(waitForDialog(QStringLiteral("Code: ") + code));
+    if (!dialog)
+        return false;
+    for (int i = 0; i < values.size(); ++i) {
+        if (i > 0)
+            key(Qt::Key_Down);
+        type(values.at(i));
+    }
+    key(Qt::Key_Return);
+    return dialog->hasAnswered();
 }

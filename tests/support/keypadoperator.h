@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class KeypadDialog;
 class QWidget;
@@ -18,6 +19,9 @@ public:
     KeypadDialog *waitForDialog(const QString &title);
     bool answerText(const QString &title, const QString &text);
     bool answerMenu(const QString &title, int row);
+    // Fills the fields of the parameter dialog of a defect code in turn, leaving
+    // pre-filled ones as they are when the value is empty, and confirms with OK.
+    bool answerParams(const QString &code, const QStringList &values);
 
 private:
     QWidget *focusTarget();

@@ -110,8 +110,7 @@ public:
         ExternalStorage::instance()->update();
     }
 
-    // Back to a basic survey at rest, with a fresh settings file, call list and
-    // device: basic recordings started in the same second share a folder.
+    // Back to a basic survey at rest, with a fresh settings file, call list and device.
     void resetSurvey()
     {
         QDir(device + QStringLiteral("/corvane")).removeRecursively();

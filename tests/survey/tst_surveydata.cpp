@@ -5,6 +5,9 @@
 #include "survey/surveypaths.h"
 #include "survey/wincan/wincandata.h"
 
+#include <QTemporaryDir>
+#include <QDir>
+#include <QFileInfo>
 #include <QtTest>
 
 // The live survey fields, the folder names made from them and the one line
@@ -23,6 +26,7 @@ private slots:
     void folderName_data();
     void folderName();
     void modeDirectories();
+    void sectionsInOneSecondKeepApart();
 
     void observationLine_data();
     void observationLine();
@@ -120,10 +124,26 @@ void TestSurveyData::modeDirectories()
     QCOMPARE(SurveyPaths::winCanProjectDirectory(QStringLiteral("/media/sd"), QStringLiteral("Site A")),
              QStringLiteral("/media/sd/corvane/Site_A.wcs/"));
     QCOMPARE(SurveyPaths::corvaneSectionFolder(1), QStringLiteral("section_1"));
-    QCOMPARE(SurveyPaths::winCanSectionFolder(when), QStringLiteral("20240305-140709"));
+    QCOMPARE(SurveyPaths::winCanSectionFolder(QStringLiteral("/media/sd/corvane/Site_A.wcs/"), when),
+             QStringLiteral("20240305-140709"));
     QVERIFY(SurveyPaths::isProjectFolder(QStringLiteral("site_a.sur")));
     QVERIFY(SurveyPaths::isProjectFolder(QStringLiteral("Site_A.wcs")));
     QVERIFY(!SurveyPaths::isProjectFolder(QStringLiteral("survey.bas")));
+}
+
+void TestSurveyData::sectionsInOneSecondKeepApart()
+{
+    QTemporaryDir device;
+    const QDateTime when(QDate(2024, 3, 5), QTime(14, 7, 59));
+    const QString first = SurveyPaths::basicSectionDirectory(device.path(), when);
+    QVERIFY(QDir().mkpath(first));
+    QCOMPARE(QFileInfo(SurveyPaths::basicSectionDirectory(device.path(), when)).fileName(),
+             QStringLiteral("20240305-140800"));
+
+    const QString project = SurveyPaths::winCanProjectDirectory(device.path(), QStringLiteral("Mill Lane"));
+    QVERIFY(QDir().mkpath(project + SurveyPaths::winCanSectionFolder(project, when)));
+    QVERIFY(QDir().mkpath(project + QStringLiteral("20240305-140800")));
+    QCOMPARE(SurveyPaths::winCanSectionFolder(project, when), QStringLiteral("20240305-140801"));
 }
 
 void TestSurveyData::observationLine_data()

@@ -62,6 +62,7 @@ private slots:
     void startQuestionsPerCatalogue_data();
     void startQuestionsPerCatalogue();
     void stopOnMscc3GoesThroughTheEndHeader();
+    void stopOnMscc5AsksServiceabilityClosesDefectsAndEnds_data();
     void stopOnMscc5AsksServiceabilityClosesDefectsAndEnds();
     void stopOnMscc4HasNoServiceability();
     void continuousDefectClosedFromTheMenu();
@@ -456,8 +457,20 @@ void TestWinCanFlow::stopOnMscc3GoesThroughTheEndHeader()
     QVERIFY(!m_wincan->sectionOpen());
 }
 
+void TestWinCanFlow::stopOnMscc5AsksServiceabilityClosesDefectsAndEnds_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("endText");
+    // The finish node's sentence carries the phrase of the row after the one picked; kept.
+    QTest::newRow("flowing fine") << 0 << "manhole reference number: MH2  the Pipe is Flowing Fine ,";
+    QTest::newRow("failing to discharge") << 1 << "manhole reference number: MH2  there is Evidence of Leakage ,";
+    QTest::newRow("unserviceable prints nothing") << 6 << "manhole reference number: MH2  , (@0)";
+}
+
 void TestWinCanFlow::stopOnMscc5AsksServiceabilityClosesDefectsAndEnds()
 {
+    QFETCH(int, row);
+    QFETCH(QString, endText);
     newProject(QStringLiteral("Five"));
     openSection();
     record();
@@ -474,8 +487,8 @@ void TestWinCanFlow::stopOnMscc5AsksServiceabilityClosesDefectsAndEnds()
     chain->stopDialogue(1);
     QCOMPARE(lastShown(m_rig.screen), QStringLiteral("showMenu Enter Pipe Serviceability|") +
                                           WinCanChain::serviceabilityRows().join(QLatin1Char('|')));
-    chain->serviceabilityDialogue(6);
-    QCOMPARE(ConsoleSettings().value(QStringLiteral("WinCan/Serviceability")).toString(), QStringLiteral("6"));
+    chain->serviceabilityDialogue(row);
+    QCOMPARE(ConsoleSettings().value(QStringLiteral("WinCan/Serviceability")).toInt(), row);
     QCOMPARE(CDDatabase::instance()->getLength(), 0);
     QVERIFY2(lastShown(m_rig.screen).startsWith(QLatin1String("showMenu End Node Type:|Cancel|Survey Abandon|Manhole|")),
              qPrintable(lastShown(m_rig.screen)));
@@ -489,6 +502,7 @@ void TestWinCanFlow::stopOnMscc5AsksServiceabilityClosesDefectsAndEnds()
     const QString all = lines.join(QLatin1Char('\n'));
     QVERIFY2(all.contains(QLatin1String("CDEF, S1,")) && all.contains(QLatin1String("CDEF, F1,")), qPrintable(all));
     QVERIFY2(all.indexOf(QLatin1String("CDEF, F1,")) < all.indexOf(QLatin1String("CODE, MHF,")), qPrintable(all));
+    QVERIFY2(all.contains(endText), qPrintable(all));
 }
 
 void TestWinCanFlow::stopOnMscc4HasNoServiceability()

@@ -9,11 +9,12 @@
 #include "app/controller.h"
 #include "app/mainwindow.h"
 #include "core/uikeys.h"
+#include "support/consoleonunit.h"
 #include "support/keypadoperator.h"
+#include "support/reportproject.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
 #include "survey/wincan/wccataloguemanager.h"
-#include "widgets/paramentrydialog.h"
 
 #include <QApplication>
 #include <QXmlStreamReader>
@@ -67,21 +68,17 @@ private slots:
     void projectOfTwoSectionsByKeys();
 
 private:
-    void key(int key) { m_operator->key(key); }
-    void type(const QString &text) { m_operator->type(text); }
-    bool answerText(const QString &title, const QString &text) { return m_operator->answerText(title, text); }
-    bool answerMenu(const QString &title, int row) { return m_operator->answerMenu(title, row); }
-    // Fills the fields of the parameter dialog in turn, leaving pre-filled ones
-    // as they are when the value is empty, and confirms with OK.
-    bool answerParams(const QString &code, const QStringList &values);
+    void key(int key) { m_console.keypad->key(key); }
+    void type(const QString &text) { m_console.keypad->type(text); }
+    bool answerText(const QString &title, const QString &text) { return m_console.keypad->answerText(title, text); }
+    bool answerMenu(const QString &title, int row) { return m_console.keypad->answerMenu(title, row); }
     bool answerParamsNoSnapshot(const QString &code, const QStringList &values);
     bool fillSectionForms(const QString &startNode, const QString &endNode);
-    bool recordSection(const QString &startNode);
+    bool recordSection();
 
     TestUnit m_unit;
     BoxAnswerer m_answerer;
-    MainWindow *m_window = nullptr;
-    KeypadOperator *m_operator = nullptr;
+    ConsoleOnUnit m_console;
 };
 
 void TestWinCanOnUnit::initTestCase()
@@ -89,40 +86,19 @@ void TestWinCanOnUnit::initTestCase()
     QVERIFY(m_unit.isValid());
     // The coding specification as the settings screen leaves it.
     ConsoleSettings().setValue(QStringLiteral("Wincan/specification"), int(WCCatalogueManager::kWCCat_MSCC_5));
-    m_window = new MainWindow;
-    m_operator = new KeypadOperator(m_window);
-    Controller::create(m_window, m_window);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window));
-    QTRY_COMPARE_WITH_TIMEOUT(m_window->screen(), int(Controller::kScreenLogin), 5000);
-    key(Qt::Key_Return);
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenVideo));
+    QVERIFY(m_console.logIn());
     QCOMPARE(WCCatalogueManager::instance()->specification(), WCCatalogueManager::kWCCat_MSCC_5);
-}
-
-bool TestWinCanOnUnit::answerParams(const QString &code, const QStringList &values)
-{
-    auto *dialog = qobject_cast<ParamEntryDialog *>(m_operator->waitForDialog(QStringLiteral("Code: ") + code));
-    if (!dialog)
-        return false;
-    for (int i = 0; i < values.size(); ++i) {
-        if (i > 0)
-            key(Qt::Key_Down);
-        type(values.at(i));
-    }
-    key(Qt::Key_Return);
-    return dialog->hasAnswered();
 }
 
 bool TestWinCanOnUnit::answerParamsNoSnapshot(const QString &code, const QStringList &values)
 {
-    return answerParams(code, values) && answerMenu(QStringLiteral("Add Snapshot?"), 0);
+    return m_console.keypad->answerParams(code, values) && answerMenu(QStringLiteral("Add Snapshot?"), 0);
 }
 
 // The two section pages: the nodes on the first, saved from the second.
 bool TestWinCanOnUnit::fillSectionForms(const QString &startNode, const QString &endNode)
 {
-    if (!QTest::qWaitFor([this] { return m_window->screen() == Controller::kScreenWCSectionInfo; }, 10000))
+    if (!QTest::qWaitFor([this] { return m_console.window->screen() == Controller::kScreenWCSectionInfo; }, 10000))
         return false;
     type(startNode);
     key(Qt::Key_Down);
@@ -133,23 +109,22 @@ bool TestWinCanOnUnit::fillSectionForms(const QString &startNode, const QString 
     // Direction: the first list row.
     key(Qt::Key_Down);
     key(Ui::Key_WinCan);
-    if (!QTest::qWaitFor([this] { return m_window->screen() == Controller::kScreenWCSectionInfo2; }, 10000))
+    if (!QTest::qWaitFor([this] { return m_console.window->screen() == Controller::kScreenWCSectionInfo2; }, 10000))
         return false;
     // The "Is Section Info Complete?" box is answered Yes by the box answerer.
     key(Ui::Key_WinCan);
-    return QTest::qWaitFor([this] { return m_window->screen() == Controller::kScreenVideo; }, 10000);
+    return QTest::qWaitFor([this] { return m_console.window->screen() == Controller::kScreenVideo; }, 10000);
 }
 
 // Record, the start questions, an observation from the tree, one by code, a
 // continuous defect opened by letter and closed from the menu, then Stop and
 // its questions.
-bool TestWinCanOnUnit::recordSection(const QString &startNode)
+bool TestWinCanOnUnit::recordSection()
 {
     key(Ui::Key_MediaRecord);
     if (!answerMenu(QStringLiteral("Start Node Type:"), 1) || !answerParamsNoSnapshot(QStringLiteral("MH"), {})
         || !answerParamsNoSnapshot(QStringLiteral("WL"), {QStringLiteral("5")}))
         return false;
-    Q_UNUSED(startNode)
 
     key(Ui::Key_WinCan);
     if (!answerMenu(QStringLiteral("Select:"), 1) || !answerMenu(QStringLiteral("Catagories:"), 2)
@@ -183,16 +158,16 @@ void TestWinCanOnUnit::projectOfTwoSectionsByKeys()
 {
     key(Ui::Key_WinCan);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 1));
-    QTRY_COMPARE(m_window->screen(), int(Controller::kScreenWCProjectInfo));
+    QTRY_COMPARE(m_console.window->screen(), int(Controller::kScreenWCProjectInfo));
     type(QStringLiteral("Mill_Lane"));
     key(Ui::Key_WinCan);
     QVERIFY(fillSectionForms(QStringLiteral("MH1"), QStringLiteral("MH2")));
-    QVERIFY(recordSection(QStringLiteral("MH1")));
+    QVERIFY(recordSection());
 
     key(Ui::Key_WinCan);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 1));
     QVERIFY(fillSectionForms(QStringLiteral("MH2"), QStringLiteral("MH3")));
-    QVERIFY(recordSection(QStringLiteral("MH2")));
+    QVERIFY(recordSection());
 
     key(Ui::Key_WinCan);
     QVERIFY(answerMenu(QStringLiteral("Select:"), 4));
@@ -222,6 +197,10 @@ void TestWinCanOnUnit::projectOfTwoSectionsByKeys()
     QVERIFY(answerMenu(
         QStringLiteral("WinCan Report Successfully Generated. Do you wish to transfer the report to the ostra App?"), 0));
     QVERIFY(answerText(QStringLiteral("Note:"), QString()));
+    // Asked only once the converter has ended, so the file is whole.
+    const QString report = ReportProject::pdfText(project + QStringLiteral("Report.pdf")).simplified();
+    for (const QString &summary : {QStringLiteral("Section summary"), QStringLiteral("Inspection summary")})
+        QVERIFY2(report.contains(summary), qPrintable(summary + QStringLiteral(" missing in:\n") + report));
 }
 
 QTEST_MAIN(TestWinCanOnUnit)

@@ -11,7 +11,6 @@
 #include "support/keypadoperator.h"
 #include "support/testunit.h"
 #include "survey/surveymanager.h"
-#include "widgets/paramentrydialog.h"
 
 #include <QApplication>
 #include <QtTest>
@@ -29,9 +28,7 @@ private:
     void type(const QString &text) { m_console.keypad->type(text); }
     bool answerText(const QString &title, const QString &text) { return m_console.keypad->answerText(title, text); }
     bool answerMenu(const QString &title, int row) { return m_console.keypad->answerMenu(title, row); }
-    // Fills the fields of the parameter dialog in turn, leaving pre-filled ones
-    // as they are when the value is empty, and confirms with OK.
-    bool answerParams(const QString &code, const QStringList &values);
+    bool answerParams(const QString &code, const QStringList &values) { return m_console.keypad->answerParams(code, values); }
     bool enterCode(int letter, const QString &rest, const QStringList &values, int snapshotRow = 0);
     QString readFile(const QString &path) const;
 
@@ -44,20 +41,6 @@ void TestWrcOnUnit::initTestCase()
 {
     QVERIFY(m_unit.isValid());
     QVERIFY(m_console.logIn());
-}
-
-bool TestWrcOnUnit::answerParams(const QString &code, const QStringList &values)
-{
-    auto *dialog = qobject_cast<ParamEntryDialog *>(m_console.keypad->waitForDialog(QStringLiteral("Code: ") + code));
-    if (!dialog)
-        return false;
-    for (int i = 0; i < values.size(); ++i) {
-        if (i > 0)
-            key(Qt::Key_Down);
-        type(values.at(i));
-    }
-    key(Qt::Key_Return);
-    return dialog->hasAnswered();
 }
 
 bool TestWrcOnUnit::enterCode(int letter, const QString &rest, const QStringList &values, int snapshotRow)

@@ -1,6 +1,7 @@
 #include "app/browser/devicescreen.h"
 
 #include "app/controller.h"
+#include "storage/networkstorage.h"
 
 #include <QDebug>
 
@@ -14,7 +15,7 @@ void DeviceScreen::setPath(const QString &device, const QString &path)
 
 QString DeviceScreen::keyHint() const
 {
-    return tr("Up/Down: choose   Right/OK: open   Left/ESC: back");
+    return tr("Up/Down: choose   Right/OK: open   Left/ESC: back   R: refresh cloud");
 }
 
 bool DeviceScreen::handleKey(int key)
@@ -34,9 +35,15 @@ bool DeviceScreen::handleKey(int key)
         qInfo() << "A whole device is neither copied nor deleted; open it and choose a site";
         return true;
     case Qt::Key_R:
-        qInfo() << "Device list refresh: devices are listed as they are mounted";
+        NetworkStorage::instance()->autoScan();
         return true;
     default:
         return false;
     }
+}
+
+void DeviceScreen::showEvent(QShowEvent *event)
+{
+    ReportPage::showEvent(event);
+    NetworkStorage::instance()->autoScan();
 }

@@ -2,7 +2,9 @@
 
 #include "app/browser/reportpage.h"
 
-// The top level of the media browser: the mounted devices.
+// The top level of the media browser: the mounted devices. Showing it, or R,
+// asks the cloud site for its projects again, so "Cloud" is listed while the
+// site answers.
 class DeviceScreen : public ReportPage
 {
     Q_OBJECT
@@ -14,4 +16,5 @@ public:
 
 protected:
     bool handleKey(int key) override;
+    void showEvent(QShowEvent *event) override;
 };

@@ -74,15 +74,22 @@ QStringList WinCanChain::serviceabilityRows()
 
 // The catalogue tree: each level's "Cancel" goes one level up, the top one to the mode menu.
 
-void WinCanChain::showCatagories()
+WCCatalogue *WinCanChain::treeCatalogue()
 {
     WCCatalogue *cat = catalogue();
     if (!cat) {
         qWarning() << "No defect catalogue: no tree to pick from";
         if (m_video)
             m_video->showMessage(tr("Note:"), {tr("Can't find Defect code ")}, nullptr, nullptr);
-        return;
     }
+    return cat;
+}
+
+void WinCanChain::showCatagories()
+{
+    WCCatalogue *cat = treeCatalogue();
+    if (!cat)
+        return;
     showMenu(tr("Catagories:"), QStringList{tr("Cancel")} + cat->getCatagoryStringList(), SLOT(menuCatagories(int)));
 }
 
@@ -98,8 +105,9 @@ void WinCanChain::menuCatagories(int row)
 
 void WinCanChain::showBasecodes()
 {
-    showMenu(tr("Basecodes:"), QStringList{tr("Cancel")} + catalogue()->getBaseCodesStringList(m_class),
-             SLOT(menuBasecodes(int)));
+    if (WCCatalogue *cat = treeCatalogue())
+        showMenu(tr("Basecodes:"), QStringList{tr("Cancel")} + cat->getBaseCodesStringList(m_class),
+                 SLOT(menuBasecodes(int)));
 }
 
 void WinCanChain::menuBasecodes(int row)
@@ -114,7 +122,10 @@ void WinCanChain::menuBasecodes(int row)
 
 void WinCanChain::showCharExt1()
 {
-    const QStringList rows = catalogue()->getCharExt1StringList(m_basecode);
+    WCCatalogue *cat = treeCatalogue();
+    if (!cat)
+        return;
+    const QStringList rows = cat->getCharExt1StringList(m_basecode);
     if (rows.isEmpty()) {
         runCode(codeOf(m_basecode->Code), WCParams::kFreeDefect);
         return;
@@ -134,7 +145,10 @@ void WinCanChain::menuCharExt1(int row)
 
 void WinCanChain::showCharExt2()
 {
-    const QStringList rows = catalogue()->getCharExt2StringList(m_charext1);
+    WCCatalogue *cat = treeCatalogue();
+    if (!cat)
+        return;
+    const QStringList rows = cat->getCharExt2StringList(m_charext1);
     if (rows.isEmpty()) {
         runCode(codeOf(m_charext1->Code), WCParams::kFreeDefect);
         return;

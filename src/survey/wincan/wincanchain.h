@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+class WCCatalogue;
+
 // The questions of a WinCan section, all from the defect catalogue: the tree
 // to pick an observation from, where each level's "Cancel" goes one level up
 // and the top one back to the mode menu; the start node type and water level
@@ -42,6 +44,8 @@ public slots:
     void serviceabilityDialogue(int row);
 
 private:
+    // The catalogue in use; null, with a note to the operator, when it cannot be read.
+    WCCatalogue *treeCatalogue();
     void showBasecodes();
     void showCharExt1();
     void showCharExt2();

@@ -299,7 +299,7 @@ int WinCanController::prepareDirectory()
         qInfo() << "prepareDirectory failed because there is no directory set";
         return kNoStorage;
     }
-    m_section_name = SurveyPaths::winCanSectionFolder(QDateTime::currentDateTime());
+    m_section_name = SurveyPaths::winCanSectionFolder(m_prj_directory, QDateTime::currentDateTime());
     const QString section = m_prj_directory + m_section_name;
     if (ExternalStorage::instance()->mkdir(section) != 0)
         return kDirectoryFailed;
