@@ -135,6 +135,6 @@ void PictureControls::cancel()
 
 void PictureControls::runScript(int brightness, int contrast, int saturation, int hue)
 {
-    m_scripts->runScript(kScript, {QString::number(brightness), QString::number(contrast), QString::number(saturation),
-                                   QString::number(hue)});
+    m_scripts->runScriptInTurn(kScript, {QString::number(brightness), QString::number(contrast),
+                                         QString::number(saturation), QString::number(hue)});
 }

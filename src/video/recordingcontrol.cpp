@@ -31,7 +31,7 @@ bool RecordingControl::record(const QString &path)
     }
     emit indicatorChanged(Indicators::Recording);
     m_surveyTimestamp = unsigned(QDateTime::currentSecsSinceEpoch()) + kSurveyTimestampLead;
-    m_scripts->runScriptAsRoot(kRecordScript, {path});
+    m_recordRun = m_scripts->runScriptAsRoot(kRecordScript, {path});
     m_recording = true;
     // The preview is deliberately not restarted after a record, unlike after a stream.
     return true;
@@ -44,6 +44,8 @@ void RecordingControl::togglePause()
     emit indicatorChanged(m_paused ? Indicators::Paused : Indicators::Recording);
 }
 
+// The resume and the stop start together; the unit's scripts take them in the
+// order they were started, so the recorder hears the resume first.
 void RecordingControl::stop()
 {
     if (m_paused)
@@ -76,12 +78,14 @@ void RecordingControl::streamStop()
     m_scripts->runScript(kPreviewRestartScript);
 }
 
-void RecordingControl::onScriptFailed(const QString &script, int exitCode, const QString &cause)
+void RecordingControl::onScriptFailed(int run, const QString &script, int exitCode, const QString &cause)
 {
+    Q_UNUSED(script)
     Q_UNUSED(exitCode)
-    // Only a recording that is still wanted ends here; a stop already under way
-    // finishes on its own.
-    if (script != kRecordScript || !m_recording)
+    // The record script runs as long as its recording: only the one of the
+    // recording still wanted ends it here. A stop under way, or the end of the
+    // recording before a Record pressed within its saving second, finish on their own.
+    if (run != m_recordRun || !m_recording)
         return;
     m_recording = false;
     m_paused = false;

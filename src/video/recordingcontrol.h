@@ -6,7 +6,8 @@
 class VideoScripts;
 
 // Starts, pauses, resumes and stops the unit's recorder and the stream through
-// their scripts, and keeps the one fact the screen shows: whether a recording is
+// their scripts, none of which it waits on (the record script runs as long as the
+// recording), and keeps the one fact the screen shows: whether a recording is
 // running and whether it is paused. A record script that fails ends the
 // recording here at once, so the screen never shows REC over a dead recorder.
 class RecordingControl : public QObject
@@ -44,10 +45,12 @@ signals:
     void recordFailed(QString cause);
 
 private:
-    void onScriptFailed(const QString &script, int exitCode, const QString &cause);
+    void onScriptFailed(int run, const QString &script, int exitCode, const QString &cause);
 
     VideoScripts *m_scripts;
     bool m_recording = false;
     bool m_paused = false;
     unsigned m_surveyTimestamp = 0;
+    // The run of the record script of the current recording.
+    int m_recordRun = 0;
 };

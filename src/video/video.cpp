@@ -25,6 +25,7 @@
 #include "video/videoform.h"
 #include "video/videokeys.h"
 #include "video/videotools.h"
+#include "widgets/graphics.h"
 #include "widgets/indicators.h"
 
 #include <QDateTime>
@@ -36,6 +37,8 @@
 
 namespace {
 const QString kDropCacheScript = QStringLiteral("drop_cache.sh");
+// The logos are drawn at the height of the row under the picture.
+const QSize kLogoBox(Ui::Video::kPictureWidth / 2, Ui::Video::kLabelRowHeight);
 
 SurveyManager *survey()
 {
@@ -50,7 +53,7 @@ Video::Video(QWidget *parent)
     , ui(new Ui::Video)
     , m_display(new QTimer(this))
     , m_snapshot_symbol_timer(new QTimer(this))
-    , default_logo(QStringLiteral(":/graphics/logo_corvane_small.png"))
+    , default_logo(graphicsPixmap(QStringLiteral(":/graphics/logo_corvane_small.png"), kLogoBox))
     , m_scripts(new VideoScripts(this))
     , mVideoTools(new VideoTools(this))
     , m_pictureControls(new PictureControls(mVideoTools, m_scripts, this))
@@ -68,7 +71,7 @@ Video::Video(QWidget *parent)
     m_overlay->setGeometry(0, 0, Ui::Video::kPictureWidth, Ui::Video::kPictureHeight);
     m_overlay->raise();
     m_statusbar->raise();
-    ui->label_logo_icon->setPixmap(default_logo);
+    showLogo(default_logo);
 
     m_textScreens = new TimedTextScreens(m_overlay, this);
     m_pages = new PageOverlays(m_overlay, this);
@@ -578,19 +581,28 @@ void Video::dummyEscape()
 void Video::setLogo(SurveyManager::SurveyType type)
 {
     m_surveyType = type;
-    QLabel *logo = ui->label_logo_icon;
     switch (type) {
     case SurveyManager::kSurveyType_CORVANE:
-        logo->setPixmap(QPixmap(QStringLiteral(":/graphics/icon ostra.png"))
-                            .scaled(logo->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        showLogo(graphicsPixmap(QStringLiteral(":/graphics/icon ostra.png"), kLogoBox));
         break;
     case SurveyManager::kSurveyType_WINCAN:
-        logo->setPixmap(QPixmap(QStringLiteral(":/graphics/wincan_logo.png")));
+        showLogo(graphicsPixmap(QStringLiteral(":/graphics/wincan_logo.png"), kLogoBox));
         break;
     default:
-        logo->setPixmap(default_logo);
+        showLogo(default_logo);
         break;
     }
+}
+
+// Every logo, the WinCan one too, is fitted to the row under the picture: one
+// drawn at its own size would be cut off at the label's edges.
+void Video::showLogo(const QPixmap &logo)
+{
+    const int height = Ui::Video::kLabelRowHeight;
+    const QPixmap fitted =
+        logo.isNull() || logo.height() == height ? logo : logo.scaledToHeight(height, Qt::SmoothTransformation);
+    ui->label_logo_icon->setFixedSize(fitted.isNull() ? QSize(0, height) : fitted.size());
+    ui->label_logo_icon->setPixmap(fitted);
 }
 
 void Video::showStatusBar(QString title, QStringList items)

@@ -193,6 +193,7 @@ private:
     void beginTextScreen();
     void endTextScreen();
     void closePictureControls(bool keepValues);
+    void showLogo(const QPixmap &logo);
     bool inProjectSurvey() const;
 
     std::function<float()> m_counterSource;

@@ -34,8 +34,10 @@ void Video::setupUi(QWidget *screen)
     labelRight = new QLabel(screen);
     label_date = new QLabel(screen);
     label_time = new QLabel(screen);
-    for (QLabel *label : {label_logo_icon, labelLeft, label_2, labelRight, label_date, label_time})
+    for (QLabel *label : {label_logo_icon, labelLeft, label_2, labelRight, label_date, label_time}) {
+        label->setFixedHeight(kLabelRowHeight);
         labels->addWidget(label);
+    }
     labels->setStretchFactor(label_2, 1);
     column->addLayout(labels);
 

@@ -15,6 +15,8 @@ public:
     static constexpr int kPictureWidth = 720;
     static constexpr int kPictureHeight = 576;
     static constexpr int kStripWidth = 80;
+    // The row of labels under the picture: what the 600-line screen leaves.
+    static constexpr int kLabelRowHeight = 600 - kPictureHeight;
 
     QWidget *picture = nullptr;
     ::Camera *video_widget = nullptr;

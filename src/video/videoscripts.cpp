@@ -2,126 +2,151 @@
 
 #include "core/unitpaths.h"
 
-#include <QCoreApplication>
 #include <QDebug>
-#include <QFileInfo>
 #include <QProcess>
 #include <QTimer>
 
-VideoScripts::VideoScripts(QObject *parent)
-    : QObject(parent)
-    , m_timeLimit(new QTimer(this))
-{
-    m_timeLimit->setSingleShot(true);
-    m_timeLimit->setInterval(kScriptTimeLimitMs);
-    connect(m_timeLimit, &QTimer::timeout, this, &VideoScripts::onTimeLimit);
-    if (QCoreApplication::instance())
-        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &VideoScripts::finishAll);
-}
+namespace {
+// What a long-running script prints is read as it comes and only its end kept,
+// so a chatty recorder costs no memory over hours.
+constexpr int kPrintedTailLimit = 4096;
 
-VideoScripts::~VideoScripts()
+QString lastLineOf(const QString &printed)
 {
-    finishAll();
-}
-
-void VideoScripts::finishAll()
-{
-    while (m_running) {
-        if (!m_running->waitForFinished(kScriptTimeLimitMs))
-            onTimeLimit();
-        // finished() is delivered here, which starts the next one.
-    }
-}
-
-void VideoScripts::runScript(const QString &name, const QStringList &args)
-{
-    enqueue({name, QStringLiteral("/bin/sh"), QStringList{unitScriptPath(name)} + args,
-             (QStringList{name} + args).join(QLatin1Char(' '))});
-}
-
-void VideoScripts::runScriptAsRoot(const QString &name, const QStringList &args)
-{
-    enqueue({name, QStringLiteral("sudo"), QStringList{unitScriptPath(name)} + args,
-             (QStringList{QStringLiteral("sudo"), name} + args).join(QLatin1Char(' '))});
-}
-
-void VideoScripts::runProgram(const QString &program, const QStringList &args)
-{
-    enqueue({program, program, args, (QStringList{program} + args).join(QLatin1Char(' '))});
-}
-
-void VideoScripts::enqueue(const Job &job)
-{
-    m_waiting.enqueue(job);
-    if (!m_running)
-        startNext();
-}
-
-void VideoScripts::startNext()
-{
-    if (m_waiting.isEmpty())
-        return;
-    const Job job = m_waiting.dequeue();
-    m_runningDescription = job.description;
-    m_runningScript = job.script;
-    m_running = new QProcess(this);
-    // The scripts log to the unit's own log; what they print is read only to name
-    // the cause of a failure.
-    m_running->setProcessChannelMode(QProcess::MergedChannels);
-    connect(m_running, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            [this](int code, QProcess::ExitStatus status) { onFinished(status == QProcess::NormalExit ? code : -1); });
-    connect(m_running, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart)
-            onFinished(-1);
-    });
-    qInfo().noquote() << "Running" << job.description;
-    emit started(job.description);
-    m_timeLimit->start();
-    m_running->start(job.program, job.arguments);
-}
-
-void VideoScripts::onFinished(int exitCode)
-{
-    if (!m_running)
-        return;
-    m_timeLimit->stop();
-    if (exitCode != 0)
-        reportFailure(exitCode, lastPrintedLine());
-    const QString description = m_runningDescription;
-    m_running->disconnect(this);
-    m_running->deleteLater();
-    m_running = nullptr;
-    emit finished(description, exitCode);
-    startNext();
-}
-
-void VideoScripts::onTimeLimit()
-{
-    if (!m_running)
-        return;
-    m_running->disconnect(this);
-    reportFailure(-1, QStringLiteral("did not end within %1 ms; killed").arg(kScriptTimeLimitMs));
-    m_running->kill();
-    m_running->waitForFinished(1000);
-    m_running->deleteLater();
-    const QString description = m_runningDescription;
-    m_running = nullptr;
-    emit finished(description, -1);
-    startNext();
-}
-
-QString VideoScripts::lastPrintedLine() const
-{
-    const QStringList lines = QString::fromLocal8Bit(m_running->readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QStringList lines = printed.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (auto line = lines.crbegin(); line != lines.crend(); ++line)
         if (!line->trimmed().isEmpty())
             return line->trimmed();
     return QString();
 }
+} // namespace
 
-void VideoScripts::reportFailure(int exitCode, const QString &cause)
+VideoScripts::VideoScripts(QObject *parent)
+    : QObject(parent)
+    , m_inTurnLimit(new QTimer(this))
 {
-    qWarning().noquote() << m_runningDescription << "ended with" << exitCode
-                         << (cause.isEmpty() ? QString() : QStringLiteral(": ") + cause);
-    emit failed(m_runningScript, exitCode, cause);
+    m_inTurnLimit->setSingleShot(true);
+    m_inTurnLimit->setInterval(kPictureScriptLimitMs);
+    connect(m_inTurnLimit, &QTimer::timeout, this, &VideoScripts::onPictureScriptHung);
+}
+
+VideoScripts::~VideoScripts()
+{
+    // Deleting a running QProcess kills it; a recording or a stop under way must
+    // finish on its own, so each is let go and frees itself when it ends.
+    for (auto running = m_running.cbegin(); running != m_running.cend(); ++running) {
+        QProcess *process = running.key();
+        process->disconnect(this);
+        process->setParent(nullptr);
+        connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), process,
+                &QObject::deleteLater);
+    }
+}
+
+VideoScripts::Job VideoScripts::makeJob(const QString &script, const QString &program, const QStringList &arguments,
+                                        const QString &description)
+{
+    Job job;
+    job.script = script;
+    job.program = program;
+    job.arguments = arguments;
+    job.description = description;
+    return job;
+}
+
+int VideoScripts::runScript(const QString &name, const QStringList &args)
+{
+    Job job = makeJob(name, QStringLiteral("/bin/sh"), QStringList{unitScriptPath(name)} + args,
+                      (QStringList{name} + args).join(QLatin1Char(' ')));
+    start(job);
+    return job.run;
+}
+
+int VideoScripts::runScriptAsRoot(const QString &name, const QStringList &args)
+{
+    Job job = makeJob(name, QStringLiteral("sudo"), QStringList{unitScriptPath(name)} + args,
+                      (QStringList{QStringLiteral("sudo"), name} + args).join(QLatin1Char(' ')));
+    start(job);
+    return job.run;
+}
+
+int VideoScripts::runProgram(const QString &program, const QStringList &args)
+{
+    Job job = makeJob(program, program, args, (QStringList{program} + args).join(QLatin1Char(' ')));
+    start(job);
+    return job.run;
+}
+
+void VideoScripts::runScriptInTurn(const QString &name, const QStringList &args)
+{
+    m_inTurn.enqueue(makeJob(name, QStringLiteral("/bin/sh"), QStringList{unitScriptPath(name)} + args,
+                             (QStringList{name} + args).join(QLatin1Char(' '))));
+    startNextInTurn();
+}
+
+void VideoScripts::startNextInTurn()
+{
+    if (m_inTurnRunning || m_inTurn.isEmpty())
+        return;
+    Job job = m_inTurn.dequeue();
+    m_inTurnRunning = start(job);
+    m_inTurnLimit->start();
+}
+
+QProcess *VideoScripts::start(Job &job)
+{
+    job.run = ++m_lastRun;
+    auto *process = new QProcess(this);
+    // The scripts log to the unit's own log; what they print is read only to name
+    // the cause of a failure.
+    process->setProcessChannelMode(QProcess::MergedChannels);
+    m_running.insert(process, job);
+    connect(process, &QProcess::readyRead, this, [this, process] {
+        QString &tail = m_running[process].printedTail;
+        tail = (tail + QString::fromLocal8Bit(process->readAll())).right(kPrintedTailLimit);
+    });
+    connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            [this, process](int code, QProcess::ExitStatus status) {
+                onFinished(process, status == QProcess::NormalExit ? code : -1);
+            });
+    connect(process, &QProcess::errorOccurred, this, [this, process](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            onFinished(process, -1);
+    });
+    qInfo().noquote() << "Running" << job.description;
+    emit started(job.description);
+    process->start(job.program, job.arguments);
+    return process;
+}
+
+void VideoScripts::onFinished(QProcess *process, int exitCode)
+{
+    if (!m_running.contains(process))
+        return;
+    const Job job = m_running.take(process);
+    process->disconnect(this);
+    if (exitCode != 0) {
+        const QString cause = lastLineOf(job.printedTail + QString::fromLocal8Bit(process->readAll()));
+        qWarning().noquote() << job.description << "ended with" << exitCode
+                             << (cause.isEmpty() ? QString() : QStringLiteral(": ") + cause);
+        emit failed(job.run, job.script, exitCode, cause);
+    }
+    process->deleteLater();
+    emit finished(job.description, exitCode);
+    if (process == m_inTurnRunning) {
+        m_inTurnLimit->stop();
+        m_inTurnRunning = nullptr;
+        startNextInTurn();
+    }
+}
+
+void VideoScripts::onPictureScriptHung()
+{
+    if (!m_inTurnRunning)
+        return;
+    QProcess *hung = m_inTurnRunning;
+    hung->kill();
+    m_running[hung].printedTail = QStringLiteral("did not end within %1 ms; killed").arg(kPictureScriptLimitMs);
+    hung->readAll();
+    onFinished(hung, -1);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QObject>
 #include <QQueue>
 #include <QStringList>
@@ -7,42 +8,47 @@
 class QProcess;
 class QTimer;
 
-// Runs the unit's recording, stream and picture scripts one after another, in
-// the order the screen asked for them, without ever blocking the screen. The
-// order matters: a resume that overtook the stop behind it would leave the
-// recorder paused, and the last picture values asked for must be the ones that
-// stay. Nobody waits for a result; a failure is logged once with what the script
-// printed last, and announced by failed().
+// Starts the unit's recording, stream and picture scripts without ever blocking
+// the screen. The recording and stream scripts start the moment they are asked
+// for and nobody waits on them: a real record script runs for as long as the
+// recording does, so anything queued behind it would wait the whole recording.
+// Where the order of two requests matters to the recorder (a resume before the
+// stop behind it) the unit's scripts keep it themselves. Only the picture values
+// run one after another, so the last values asked for are the ones that stay.
+// A script that ends with a fault is logged once with what it printed last, and
+// announced by failed().
 class VideoScripts : public QObject
 {
     Q_OBJECT
 public:
-    // A script that has not ended by then is hung; it is killed so the ones
-    // behind it still run.
-    static constexpr int kScriptTimeLimitMs = 30000;
+    // A picture script that has not ended by then is hung; it is killed so the
+    // values behind it still reach the device.
+    static constexpr int kPictureScriptLimitMs = 30000;
 
     explicit VideoScripts(QObject *parent = nullptr);
+    // Scripts still running are left to run: a recording outlives the screen.
     ~VideoScripts() override;
 
-    // /bin/sh <script> <args>
-    void runScript(const QString &name, const QStringList &args = {});
-    // sudo <script> <args>: the record script needs the capture device and the
-    // shared memory as root.
-    void runScriptAsRoot(const QString &name, const QStringList &args);
-    // A system program found on PATH.
-    void runProgram(const QString &program, const QStringList &args);
+    // Each returns the number of the run, as failed() names it.
+    // /bin/sh <script> <args>, started at once.
+    int runScript(const QString &name, const QStringList &args = {});
+    // sudo <script> <args>, started at once: the record script needs the capture
+    // device and the shared memory as root.
+    int runScriptAsRoot(const QString &name, const QStringList &args);
+    // A system program found on PATH, started at once.
+    int runProgram(const QString &program, const QStringList &args);
+    // /bin/sh <script> <args>, after the picture scripts asked for before it.
+    void runScriptInTurn(const QString &name, const QStringList &args);
 
-    bool isIdle() const { return !m_running && m_waiting.isEmpty(); }
-    // Runs what is still queued to its end, blocking, so a stop asked for just
-    // before the console closes still finishes the file.
-    void finishAll();
+    // No script started here is still running.
+    bool isIdle() const { return m_running.isEmpty() && m_inTurn.isEmpty(); }
 
 signals:
     void started(QString command);
     void finished(QString command, int exitCode);
     // A script that ended with a fault, with the last line it printed as the cause
     // (empty when it printed nothing). Logged here once; receivers need not log it.
-    void failed(QString script, int exitCode, QString cause);
+    void failed(int run, QString script, int exitCode, QString cause);
 
 private:
     struct Job {
@@ -50,18 +56,21 @@ private:
         QString program;
         QStringList arguments;
         QString description;
+        int run = 0;
+        // The end of what it printed so far.
+        QString printedTail;
     };
 
-    void enqueue(const Job &job);
-    void startNext();
-    void onFinished(int exitCode);
-    void onTimeLimit();
-    void reportFailure(int exitCode, const QString &cause);
-    QString lastPrintedLine() const;
+    QProcess *start(Job &job);
+    void startNextInTurn();
+    void onFinished(QProcess *process, int exitCode);
+    void onPictureScriptHung();
+    static Job makeJob(const QString &script, const QString &program, const QStringList &arguments,
+                       const QString &description);
 
-    QQueue<Job> m_waiting;
-    QProcess *m_running = nullptr;
-    QString m_runningDescription;
-    QString m_runningScript;
-    QTimer *m_timeLimit;
+    QHash<QProcess *, Job> m_running;
+    QQueue<Job> m_inTurn;
+    QProcess *m_inTurnRunning = nullptr;
+    QTimer *m_inTurnLimit;
+    int m_lastRun = 0;
 };

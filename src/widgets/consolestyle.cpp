@@ -58,6 +58,13 @@ QString ConsoleStyle::styleSheet()
                "QListView::item { padding: 6px 10px; border: 3px solid transparent; }"
                "QListView::item:selected { background: %2; color: black; border: 3px solid black; }"
                "QScrollBar:vertical { width: 22px; }"
+               "QCheckBox::indicator, QRadioButton::indicator { width: 22px; height: 22px; }"
+               // A list with the keys is framed like a field, even while it has no rows.
+               "QAbstractItemView:focus { border: 4px solid %1; }"
+               // Nine settings tabs side by side on the 800-pixel screen, none cut.
+               "QTabBar::tab { background: #D8D8D8; border: 2px solid #404040; border-bottom: none;"
+               " border-top-left-radius: 4px; border-top-right-radius: 4px; padding: 6px 8px; margin-right: 2px; }"
+               "QTabBar::tab:selected { background: white; }"
                "KeypadDialog { background: white; border: 4px solid black; }"
                "hbiLabel[look=\"title\"] { font-size: %4px; }"
                "hbiLabel[look=\"hint\"] { font-size: %5px; color: #303030; }"
@@ -66,7 +73,9 @@ QString ConsoleStyle::styleSheet()
                "hbiLineEdit[missing=\"true\"]:!focus { border-color: %3; }"
                // Every box wears the keypad dialogs' look, its texts kept clear of the frame.
                "HBIMessageBox { background: white; border: 4px solid black; padding: 12px; }"
-               "HBIMessageBox QLabel { color: black; background: transparent; padding: 6px 10px; }")
+               "HBIMessageBox QLabel { color: black; background: transparent; padding: 6px 10px; }"
+               // Room for the answer's word inside the thick focus frame.
+               "HBIMessageBox QPushButton { min-width: 100px; }")
         .arg(focus, selection, alarm)
         .arg(kTitlePixels)
         .arg(kHintPixels);

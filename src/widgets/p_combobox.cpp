@@ -5,12 +5,61 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+
+namespace {
+constexpr Qt::Alignment kTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+constexpr int kMostLines = 3;
+} // namespace
 
 P_ComboBox::P_ComboBox(QWidget *parent)
     : QComboBox(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     view()->installEventFilter(this);
+    QSizePolicy policy = sizePolicy();
+    // The height follows the width: one line, or two for rows too long for one.
+    policy.setVerticalPolicy(QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+QRect P_ComboBox::textRoom(int width) const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.rect = QRect(0, 0, width, qMax(height(), sizeHint().height()));
+    return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+}
+
+int P_ComboBox::linesFor(int width) const
+{
+    const int room = textRoom(width).width();
+    int lines = 1;
+    for (int row = 0; row < count() && lines < kMostLines; ++row) {
+        const QRect needed = fontMetrics().boundingRect(QRect(0, 0, room, 1000), Qt::TextWordWrap, itemText(row));
+        lines = qMax(lines, needed.height() / qMax(1, fontMetrics().lineSpacing()));
+    }
+    return qMin(lines, kMostLines);
+}
+
+int P_ComboBox::heightForWidth(int width) const
+{
+    return QComboBox::sizeHint().height() + (linesFor(width) - 1) * fontMetrics().lineSpacing();
+}
+
+void P_ComboBox::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QString text = option.currentText;
+    option.currentText.clear();
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    const QRect room = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    painter.drawText(room, int(kTextAlignment) | Qt::TextWordWrap, text);
 }
 
 void P_ComboBox::setTag(const QString &tag)

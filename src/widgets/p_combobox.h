@@ -10,6 +10,9 @@
 // so the form's own keys come out as signals: the mode keys, Escape and the page
 // keys close the list (the mode and page keys keep the highlighted row) and are
 // reported once, on their release.
+//
+// A row too long for the closed box goes on a second line rather than being
+// cut: the box grows to two or three lines where its column is too narrow for its rows.
 class P_ComboBox : public QComboBox
 {
     Q_OBJECT
@@ -20,6 +23,12 @@ public:
     QString tag() const;
 
     void showPopup() override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    // How many lines the widest row needs in a box this wide.
+    int linesFor(int width) const;
+    // The room the closed box gives its text at this width.
+    QRect textRoom(int width) const;
 
 signals:
     void corvaneKeyRelease();
@@ -33,6 +42,7 @@ public slots:
     void sendValue();
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;

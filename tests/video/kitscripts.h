@@ -28,6 +28,19 @@ inline int runKitScript(const TestUnit &unit, const QString &name, const QString
     return script.exitStatus() == QProcess::NormalExit ? script.exitCode() : -1;
 }
 
+// Runs a program found on PATH (one of the kit's shims) and returns its exit code.
+inline int runProgramOnPath(const QString &program, const QStringList &args)
+{
+    QProcess process;
+    process.start(program, args);
+    if (!process.waitForFinished(15000)) {
+        process.kill();
+        process.waitForFinished();
+        return -1;
+    }
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}
+
 // Lines of the kit log written by one program ("<date> <time> <program>[<pid>]: <text>").
 inline QStringList kitLogOf(const TestUnit &unit, const QString &program)
 {

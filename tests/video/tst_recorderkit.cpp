@@ -42,11 +42,13 @@ private slots:
     void recordingCarriesTheOverlayInPlace();
     void pauseLeavesOneFileWithoutThePausedTime();
     void killedRecorderLeavesAPlayableFile();
+    void scriptsStartedTogetherKeepTheirOrder();
     void refusesWhatItCannotDo();
 
 private:
     QString recordingPath(const QString &name) const { return m_unit.root() + QStringLiteral("/media/") + name; }
-    void startRecording(const QString &path);
+    QProcess *startRecording(const QString &path);
+    static int endOf(QProcess *script);
     qint64 recorderPid() const;
     void placeOverlay(const QColor &colour);
     QVector<QImage> decoded(const QString &path) const;
@@ -69,16 +71,34 @@ void TestRecorderKit::cleanup()
         runKitScript(m_unit, QStringLiteral("stopRecord.sh"));
 }
 
-void TestRecorderKit::startRecording(const QString &path)
+QProcess *TestRecorderKit::startRecording(const QString &path)
 {
-    // As the console starts it: through sudo, which on the simulated unit is a shim on PATH.
-    QProcess sudo;
-    sudo.start(QStringLiteral("sudo"), {m_unit.path(QStringLiteral("/opt/hbi/bin/videoRecord.sh")), path});
-    const bool finished = sudo.waitForFinished(30000);
-    QVERIFY2(finished && sudo.exitCode() == 0,
-             qPrintable((kitLogOf(m_unit, QStringLiteral("videorecorder")) + kitLogOf(m_unit, QStringLiteral("videoRecord.sh")))
-                            .join(QLatin1Char('\n')).right(900)));
-    QVERIFY(recorderPid() > 0);
+    // As the console starts it: through sudo, which on the simulated unit is a shim
+    // on PATH. The script runs as long as the recording does.
+    auto *script = new QProcess(this);
+    script->start(QStringLiteral("sudo"), {m_unit.path(QStringLiteral("/opt/hbi/bin/videoRecord.sh")), path});
+    const QString started = QStringLiteral("recording ") + path;
+    const bool recording = QTest::qWaitFor(
+        [&] {
+            return kitLogOf(m_unit, QStringLiteral("videoRecord.sh")).filter(started).size() > 0
+                || script->state() == QProcess::NotRunning;
+        },
+        30000);
+    if (!recording || script->state() == QProcess::NotRunning) {
+        qWarning().noquote() << (kitLogOf(m_unit, QStringLiteral("videorecorder"))
+                                 + kitLogOf(m_unit, QStringLiteral("videoRecord.sh")))
+                                    .join(QLatin1Char('\n')).right(900);
+        return nullptr;
+    }
+    return recorderPid() > 0 ? script : nullptr;
+}
+
+// The exit code of a script started here once it has ended, or -1 if it runs on.
+int TestRecorderKit::endOf(QProcess *script)
+{
+    if (script->state() != QProcess::NotRunning && !script->waitForFinished(20000))
+        return -1;
+    return script->exitStatus() == QProcess::NormalExit ? script->exitCode() : -1;
 }
 
 qint64 TestRecorderKit::recorderPid() const
@@ -112,7 +132,8 @@ void TestRecorderKit::recordingCarriesTheOverlayInPlace()
 {
     const QString path = recordingPath(QStringLiteral("overlay.mp4"));
     placeOverlay(kOrange);
-    startRecording(path);
+    QProcess *script = startRecording(path);
+    QVERIFY(script);
     // Everything the index holds before the swap was recorded before it.
     const double beforeSwap = waitForRecorded(m_unit, path, 1.0);
     QVERIFY(beforeSwap > 0);
@@ -122,7 +143,10 @@ void TestRecorderKit::recordingCarriesTheOverlayInPlace()
     const double recorded = waitForRecorded(m_unit, path, beforeSwap + 2.0);
     QVERIFY(recorded > 0);
 
+    // The record script ran for the whole recording and ends with it.
+    QCOMPARE(script->state(), QProcess::Running);
     QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh")), 0);
+    QCOMPARE(endOf(script), 0);
     QVERIFY(!QFile::exists(m_unit.path(QStringLiteral("/run/unitkit/videorecorder.pid"))));
 
     const MediaInfo info = discoverMedia(path);
@@ -160,7 +184,8 @@ void TestRecorderKit::pauseLeavesOneFileWithoutThePausedTime()
 {
     const QString path = recordingPath(QStringLiteral("paused.mp4"));
     placeOverlay(kOrange);
-    startRecording(path);
+    QProcess *script = startRecording(path);
+    QVERIFY(script);
 
     // One recording at a time: a second start is refused and the first goes on.
     const QString second = recordingPath(QStringLiteral("second.mp4"));
@@ -177,6 +202,7 @@ void TestRecorderKit::pauseLeavesOneFileWithoutThePausedTime()
     const double recorded = waitForRecorded(m_unit, path, resumedAt + 1.0);
     QVERIFY(recorded > 0);
     QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh")), 0);
+    QCOMPARE(endOf(script), 0);
 
     const MediaInfo info = discoverMedia(path);
     QCOMPARE(info.size, QSize(720, 576));
@@ -194,10 +220,14 @@ void TestRecorderKit::killedRecorderLeavesAPlayableFile()
 {
     const QString path = recordingPath(QStringLiteral("killed.mp4"));
     placeOverlay(kOrange);
-    startRecording(path);
+    QProcess *script = startRecording(path);
+    QVERIFY(script);
     const double indexed = waitForRecorded(m_unit, path, 2.0);
     QVERIFY(indexed > 0);
     QCOMPARE(::kill(pid_t(recorderPid()), SIGKILL), 0);
+    // The record script ends with the fault and says so, for the console to show.
+    QCOMPARE(endOf(script), 1);
+    QVERIFY(QString::fromLocal8Bit(script->readAllStandardError()).contains(QStringLiteral("ended during the recording")));
 
     // What the index held before the kill is still there: at most its last second is lost.
     const MediaInfo info = discoverMedia(path);
@@ -211,10 +241,53 @@ void TestRecorderKit::killedRecorderLeavesAPlayableFile()
     // After the crash the scripts find nothing to stop, and a new recording starts.
     QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh")), 0);
     QVERIFY(kitLogOf(m_unit, QStringLiteral("stopRecord.sh")).contains(QStringLiteral("no recording to stop")));
-    QVERIFY2(runKitScript(m_unit, QStringLiteral("videoRecord.sh"), {recordingPath(QStringLiteral("after.mp4"))}) == 0,
-             qPrintable(kitLogOf(m_unit, QStringLiteral("videorecorder")).join(QLatin1Char('\n'))));
-    QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh")), 0);
+    QProcess *after = startRecording(recordingPath(QStringLiteral("after.mp4")));
+    QVERIFY(after);
+    // The killall shim ends a recording by its remembered PID as cleanly as the stop script.
+    QCOMPARE(runProgramOnPath(QStringLiteral("killall"), {QStringLiteral("videorecorder")}), 0);
+    QCOMPARE(endOf(after), 0);
     QVERIFY(discoverMedia(recordingPath(QStringLiteral("after.mp4"))).seconds > 0);
+}
+
+// The console starts these scripts together and waits on none; the recorder
+// still hears them in the order they were started.
+void TestRecorderKit::scriptsStartedTogetherKeepTheirOrder()
+{
+    // Record and at once stop: the stop finds the recorder it was meant for.
+    QProcess record;
+    record.start(QStringLiteral("sudo"), {m_unit.path(QStringLiteral("/opt/hbi/bin/videoRecord.sh")),
+                                          recordingPath(QStringLiteral("brief.mp4"))});
+    QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh"), {}, nullptr, 30000), 0);
+    QVERIFY(endOf(&record) >= 0);
+    QVERIFY(recorderPid() < 0 || ::kill(pid_t(recorderPid()), 0) != 0);
+
+    // Resume and stop of a paused recording: resumed, then finished.
+    QProcess *paused = startRecording(recordingPath(QStringLiteral("pausedstop.mp4")));
+    QVERIFY(paused);
+    QCOMPARE(runKitScript(m_unit, QStringLiteral("pauseRecord.sh")), 0);
+    QProcess resume;
+    QProcess stop;
+    resume.start(QStringLiteral("/bin/sh"), {m_unit.path(QStringLiteral("/opt/hbi/bin/resumeRecord.sh"))});
+    stop.start(QStringLiteral("/bin/sh"), {m_unit.path(QStringLiteral("/opt/hbi/bin/stopRecord.sh"))});
+    QCOMPARE(endOf(&resume), 0);
+    QCOMPARE(endOf(&stop), 0);
+    QCOMPARE(endOf(paused), 0);
+    const QStringList recorder = kitLogOf(m_unit, QStringLiteral("videorecorder"));
+    const int resumedAt = recorder.lastIndexOf(QStringLiteral("resumed"));
+    QVERIFY2(resumedAt >= 0 && resumedAt < recorder.lastIndexOf(QRegularExpression(QStringLiteral("finishing .*"))),
+             qPrintable(recorder.join(QLatin1Char('\n'))));
+
+    // Stop and at once record: the last recording is finished, the next one starts.
+    QProcess *first = startRecording(recordingPath(QStringLiteral("first.mp4")));
+    QVERIFY(first);
+    stop.start(QStringLiteral("/bin/sh"), {m_unit.path(QStringLiteral("/opt/hbi/bin/stopRecord.sh"))});
+    QProcess *next = startRecording(recordingPath(QStringLiteral("next.mp4")));
+    QVERIFY(next);
+    QCOMPARE(endOf(first), 0);
+    QCOMPARE(endOf(&stop), 0);
+    QCOMPARE(next->state(), QProcess::Running);
+    QCOMPARE(runKitScript(m_unit, QStringLiteral("stopRecord.sh")), 0);
+    QCOMPARE(endOf(next), 0);
 }
 
 void TestRecorderKit::refusesWhatItCannotDo()

@@ -75,6 +75,8 @@ class TestVideo : public QObject
         return QImage(m_unit.path(QStringLiteral("/dev/shm/overlay.png")));
     }
     void startRecording(const QString &name);
+    // Until the kit's record script says its recorder records.
+    void waitUntilRecording(const QString &name);
     void stopRecording();
 
 private slots:
@@ -84,6 +86,8 @@ private slots:
     void secondRecordStartsNoSecondScript();
     void failedRecordScriptEndsTheRecordingAndSaysWhy();
     void stopWhilePausedResumesThenStops();
+    void pauseAndStopActAtOnceWhileTheRecordScriptRuns();
+    void recordingOutlivesAnyScriptTimeLimit();
     void returnToTheScreenAcknowledgesTheOpenNote();
     void recordWithinTheSavingSecondIsNotReset();
     void pauseOutsideARecordingChangesNothing();
@@ -204,6 +208,64 @@ void TestVideo::stopWhilePausedResumesThenStops()
     const QStringList recorder = kitLogOf(m_unit, QStringLiteral("videorecorder"));
     QVERIFY(recorder.lastIndexOf(QStringLiteral("paused")) < recorder.lastIndexOf(QStringLiteral("resumed")));
     QVERIFY(scriptLog(QStringLiteral("stopRecord.sh")).last().endsWith(QStringLiteral(", stopped)")));
+}
+
+void TestVideo::waitUntilRecording(const QString &name)
+{
+    const QRegularExpression started(QStringLiteral("^recording .*") + QRegularExpression::escape(name)
+                                     + QStringLiteral(" \\("));
+    const auto recording = [&] { return scriptLog(QStringLiteral("videoRecord.sh")).filter(started).size() == 1; };
+    QTRY_VERIFY_WITH_TIMEOUT(recording(), kScriptWaitMs);
+}
+
+// A real record script runs as long as its recording: nothing the operator asks
+// for meanwhile may wait for it to end.
+void TestVideo::pauseAndStopActAtOnceWhileTheRecordScriptRuns()
+{
+    startRecording(QStringLiteral("atonce.mp4"));
+    waitUntilRecording(QStringLiteral("atonce.mp4"));
+    QSignalSpy started(m_video->scripts(), &VideoScripts::started);
+
+    press(Ui::Key_MediaPause);
+    QCOMPARE(started.size(), 1);
+    QCOMPARE(started.first().first().toString(), QStringLiteral("pauseRecord.sh"));
+    QTRY_VERIFY_WITH_TIMEOUT(!scriptLog(QStringLiteral("pauseRecord.sh")).filter(QStringLiteral("is paused")).isEmpty(),
+                             kScriptWaitMs);
+    press(Ui::Key_MediaPlay);
+    QCOMPARE(started.last().first().toString(), QStringLiteral("resumeRecord.sh"));
+
+    m_video->stop();
+    QCOMPARE(started.last().first().toString(), QStringLiteral("stopRecord.sh"));
+    // The record script was running all along, and ends with its recording.
+    QCOMPARE(scriptLog(QStringLiteral("videoRecord.sh")).filter(QStringLiteral("atonce.mp4 finished")).size(), 0);
+    stopRecording();
+    QTRY_VERIFY_WITH_TIMEOUT(!scriptLog(QStringLiteral("videoRecord.sh")).filter(QStringLiteral("atonce.mp4 finished")).isEmpty(),
+                             kScriptWaitMs);
+    QTRY_VERIFY_WITH_TIMEOUT(m_video->scripts()->isIdle(), kScriptWaitMs);
+}
+
+// However long a recording runs, no time limit of the screen's ends it: every
+// limit the screen keeps on its scripts is run out here at once.
+void TestVideo::recordingOutlivesAnyScriptTimeLimit()
+{
+    LogCapture log;
+    startRecording(QStringLiteral("long.mp4"));
+    waitUntilRecording(QStringLiteral("long.mp4"));
+    const QString path = m_unit.root() + QStringLiteral("/media/long.mp4");
+    const double before = waitForRecorded(m_unit, path, 1.0);
+    QVERIFY(before > 0);
+    for (QTimer *limit : m_video->scripts()->findChildren<QTimer *>())
+        if (limit->isActive())
+            QVERIFY(QMetaObject::invokeMethod(limit, "timeout"));
+    QVERIFY(m_video->isRecording());
+    QCOMPARE(m_video->indicators()->cameraState(), Indicators::Recording);
+    QVERIFY(!m_video->openDialog());
+    QVERIFY2(waitForRecorded(m_unit, path, before + 1.0) > 0, "the recorder goes on recording");
+    QVERIFY(scriptLog(QStringLiteral("videoRecord.sh")).filter(QStringLiteral("long.mp4 finished")).isEmpty());
+    QVERIFY2(!log.contains(QStringLiteral("ended with")), qPrintable(log.messages().join(QLatin1Char('\n'))));
+    stopRecording();
+    QTRY_VERIFY_WITH_TIMEOUT(!scriptLog(QStringLiteral("videoRecord.sh")).filter(QStringLiteral("long.mp4 finished")).isEmpty(),
+                             kScriptWaitMs);
 }
 
 void TestVideo::returnToTheScreenAcknowledgesTheOpenNote()

@@ -16,10 +16,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Size (in)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Size (mm)</source>
         <translation type="unfinished"></translation>
     </message>
@@ -55,7 +51,7 @@
     </message>
 </context>
 <context>
-    <name>CameraController</name>
+    <name>CameraWarnings</name>
     <message>
         <source>CAMERA UNDER PRESSURE&lt;br&gt;Please shut down the Lanthorn for safety.</source>
         <translation type="unfinished"></translation>
@@ -80,6 +76,92 @@
     </message>
     <message>
         <source>Initialising</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CopyDialog</name>
+    <message>
+        <source>Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Up/Down: choose the device   OK: copy   ESC: cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CopySurvey</name>
+    <message>
+        <source>&lt;strong&gt;Copy in Progress...&lt;/strong&gt;&lt;br&gt;Please do not remove the media</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos; center&apos;&gt;&lt;strong&gt;WinCan Web Copy in Progress...&lt;/strong&gt;&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;Do Not Remove the WiFi Dongle during Copy!&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Copy in Progress...&lt;/strong&gt;&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;Do Not Remove the WiFi Dongle during Copy!&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;WinCan Web Copy Success&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Successfully Copied Project.&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;You will receive an email when your project has been processed and is ready to view on the Web.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Cloud Copy Success&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Successfully Copied Survey.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;WinCan Web Copy Failed&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Downloading WinCan projects is not supported.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Please export your WinCan project before uploading.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Cloud Copy Failed&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Error: Copy Aborted.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Copy Success&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;&lt;strong&gt;Copy Failed&lt;/strong&gt;&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;p align=&apos;center&apos;&gt;Error: Copy Aborted.&lt;/p&gt;&lt;p align=&apos;center&apos;&gt;The copy on the target is incomplete; the original is unchanged.&lt;/p&gt;</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -163,10 +245,6 @@
     </message>
     <message>
         <source>Press OK to Accept</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Note:</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -329,11 +407,106 @@
         <source>Please enter the pipe&apos;s usage</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>ostra report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The ostra report could not be generated</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CorvaneExport</name>
     <message>
         <source>dd/MM/yy</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DefectCodeChain</name>
+    <message>
+        <source>Enter Defect Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Enter to Accept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t find Defect code </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continuous Defect To End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Defect Ended</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DeleteDialog</name>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Site: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left/Right: choose   OK: confirm   ESC: cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DeviceScreen</name>
+    <message>
+        <source>Up/Down: choose   Right/OK: open   Left/ESC: back</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FolderPage</name>
+    <message>
+        <source>Right/OK: open   Left/ESC: up   C: copy   Backspace: delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>GraphicGen</name>
+    <message>
+        <source>Upstream</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -391,30 +564,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>SD</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>USB1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>USB2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>INT</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>CLOUD</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>WEB</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>NONE</source>
         <translation type="unfinished"></translation>
     </message>
@@ -454,18 +603,6 @@
         <source>RESTART</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>SSD0</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>SSD1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>LOCAL</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>Login</name>
@@ -496,11 +633,80 @@
         <source>Transfer Failed</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Receiving a map file...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiving a site image...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transfering ostra Report to mobile...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No PDF Report Found...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transfering XML File to Mobile...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No XML file in project...</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MessageDialog</name>
     <message>
         <source>OK: continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MiraculIXExport</name>
+    <message>
+        <source>General photograph taken at this point</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OperatorComments</name>
+    <message>
+        <source>	Please add a comment	</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please add your engineer&apos;s notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Would you Like to add more engineer&apos;s notes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ParamEntryDialog</name>
+    <message>
+        <source>Press Up/Down To Change Fields</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press ESC to Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press OK to Confirm</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -535,6 +741,84 @@
     </message>
     <message>
         <source>END</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Player</name>
+    <message>
+        <source>Buffering %1%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Service not available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The QMediaPlayer object does not have a valid service.
+Please check the media service plugins are installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Loading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stalled %1%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This recording cannot be played</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Report</name>
+    <message>
+        <source>Media Browser</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Return to continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No drive available for copy.
+Please insert a suitable device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insufficient space on device for copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Directory too large to be copied (Limit is 4GB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReportManager</name>
+    <message>
+        <source>Devices:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReportScreen</name>
+    <message>
+        <source>OK: full screen   Play/Pause/Stop/Rew/Fwd   Left/ESC: up</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -630,6 +914,10 @@
     </message>
     <message>
         <source>Is Run Info Complete?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (in)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -754,14 +1042,6 @@
 <context>
     <name>Settings</name>
     <message>
-        <source>Coiler and Camera</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Text and Graphics</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>General</source>
         <translation type="unfinished"></translation>
     </message>
@@ -785,6 +1065,18 @@
         <source>Service</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Coiler</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloud</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>SettingsClock</name>
@@ -802,6 +1094,51 @@
     </message>
     <message>
         <source>Set Clock</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SettingsCloud</name>
+    <message>
+        <source>Test Connection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Host</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One or more text fields are blank. 
+Please try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloud Connection Success</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Successfully connected to the Cloud.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cloud Connection Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not connect to the Cloud. 
+Make sure you have entered the correct details.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1216,6 +1553,17 @@
     </message>
 </context>
 <context>
+    <name>ShutdownNotice</name>
+    <message>
+        <source>System Will Now Shutdown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Return to continue</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>SiteInfo</name>
     <message>
         <source>Project Information</source>
@@ -1271,9 +1619,62 @@
     </message>
 </context>
 <context>
+    <name>SnapshotWindow</name>
+    <message>
+        <source>This snapshot cannot be shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>Splash</name>
     <message>
         <source>Loading...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>StorageBase</name>
+    <message>
+        <source>SD</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>INT</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSD0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SSD1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>USB1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>USB2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LOCAL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CLOUD</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WEB</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SurveyController</name>
+    <message>
+        <source>Note:</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1558,23 +1959,917 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>System Will Now Shutdown</source>
+        <source>The recording did not start. Please press Record again.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Press Return to continue</source>
+        <source>Recording Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WCFormLists</name>
+    <message>
+        <source>Upstream (U)</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>	Please add a comment	</source>
+        <source>Downstream (D)</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Please add your engineer&apos;s notes</source>
+        <source>Alkathene (AK)</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Would you Like to add more engineer&apos;s notes?</source>
+        <source>Asbestos cement (AC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bitumen (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brick (BR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cast Iron (CI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cement (CL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Spun Grey Iron (SI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete (CO)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Bolted Segments (CSB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Unbolted Segments (CSU)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Box Culvert (CC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ductile Iron (DI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Glass Reinforced Cement (GRC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Glass Reinforced Plastic (GRP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plastic (PL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plastic Steel Composite (PSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyvinyl Chloride (PVC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyethylene (PE)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reinforced Plastic Matrix (RPM)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resin (RL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Soft Inversion Type Liner (IS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steel (ST)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vitrified Clay (VC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polypropylene (PP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch Fibre (PF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Masonry - In Regular Courses (MAC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Masonry - Randomly Coursed (MAR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (XXX)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Known (ZZZ)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asbestos Cement (AC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bitumen Lining (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cement Mortar Lining (CL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Concrete Segments (CS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Epoxy (EP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fibre Cement (FC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fibre Reinforced Plastics (FRP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Grey Cast Iron (GI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mixed Material Construction (MX)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Polyester (PS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reinforced Concrete (RC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sprayed Concrete (SPC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Material (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Type Of Iron Or Steel (XI)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unidentified Type Of Plastics (XP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arched (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Barrel (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Circular (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Egg-Shaped (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Horseshoe (H)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Oval (O)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rectangular (R)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trapezoidal (T)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>U-Shaped With Flat Top (U)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kerb Block (K)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Circular With Small Channel (RSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rectangular With Small Channel (RSC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Specific problems on sewer related to structural or service condition defects (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Specific problems on sewer system related to infiltration (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Assessment of complete remedial or renovation works (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-adoption - normally new sewers for adoption SfA (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-acceptance - new sewer direct contract constructed by sewerage undertakers (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sample survey to determine asset condition (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Associated with future capital scheme including Drainage Area Planning (G)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Resurvey for any reason (H)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not Known (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investigation of known defects (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investigation of infiltration (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection of repairs or renovations (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-adoption survey (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection of new sewers (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asset condition of sewer system (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A Routine inspection (G)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investigation of suspected problem (H)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Investment Planning (I)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End of warranty period (J)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes (Y)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No (N)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Main Road - urban (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light Road (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Footpath or Verge (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fields (E)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gardens (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Woodland (G)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Difficult Access (X)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Road (RD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verge (VG)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fields (FLD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Woodland (WLD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Difficult Access (DIF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Under A Waterway (WWY)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dry (1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Heavy Rain (2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light Rain (3)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Showers (4)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snow (5)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Rain Or Snow (D)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rain (R)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Melting Snow Or Ice (S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Above Freezing (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Below Freezing (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Combined (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Foul (F)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Surface Water (S)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Trade Effluent (T)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Culverted Watercourse (W)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subsoil Or Field Drainage (LD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gravity Drain/Sewer (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rising Main (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vacuum Pipeline (V)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining Inserted During Manufacture (M)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sprayed Lining (SP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cured-In-Place Lining (CIP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Segmented Lining (SEG)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining With Discrete Pipes (DP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining With Continuous Pipe (CP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close-Fit Lining (CF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Spirally-Wound Lining (SW)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Flow Control (N)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flows Blocked Upstream (BL)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flows Partially Blocked Upstream (PB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CCTV (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direct Inspection - Man Entry (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection From Manhole Or Inspection Chamber (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Category A (A)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Category B (B)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Category C (C)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown (Z)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WCParams</name>
+    <message>
+        <source>Error:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t find Defect code </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>error: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[Press OK]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> (Scale 1-5: 1-Poor 5-Flawless)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Code: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Snapshot?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>units = </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Prefix: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maximum Number of Continuous Defects Reached</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the Pipe is Flowing Fine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is Evidence of Leakage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>evidence of Stormwater Flooding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>root Growth may Lead to Blockage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a Leakage Test has Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the Pipe is Unserviceable</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WCProjectInfoV4</name>
+    <message>
+        <source>WinCan Project Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Project ID</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Catalogue:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> (unavailable)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WCSectionInfoV4</name>
+    <message>
+        <source>WinCan Section Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit, Page Up - previous, Page Down - next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Depth</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (mm)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pre-Cleaned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Job ID</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Town/City</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Div/Dist</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Purpose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (inch)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WinCanChain</name>
+    <message>
+        <source>The Pipe is Flowing Fine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Pipe is Failing to Discharge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is Evidence of Leakage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Evidence of StormWater Flooding</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Root Growth may Lead to Blockage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A Leakage Test has Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Pipe is Unserviceable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t find Defect code </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Catagories:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Basecodes:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Char Ext:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to stop the recording?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter Pipe Serviceability</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey Abandon</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WinCanController</name>
+    <message>
+        <source>Replace Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insert Map Overview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Observation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add by Code</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Continuous Defects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finalise Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not available while recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Follow Instructions in the ostra App to add the Site Overview Map</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Generating WinCan Report...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Project To Open:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WinCan Export Successful</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WinCan Export Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The WinCan report could not be generated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>WinCan Report Successfully Generated. Do you wish to transfer the report to the ostra App?</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1583,6 +2878,84 @@
     </message>
     <message>
         <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Follow the instructions in the ostra App to transfer the report</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WinCanReport</name>
+    <message>
+        <source>Photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WrcChain</name>
+    <message>
+        <source>Manhole(MH)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection Chamber(IC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rodding Eve(RE)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other Special Chamber(OC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Outfall(OF)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Major Connection With Manhole(BR)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lamphole(LH)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Soakaway(SK)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gully(GY)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Oil Separator(OS)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Catchpit(CP)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End Node Type:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Survey Abandon</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Defect Ended:</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1606,6 +2979,72 @@
     </message>
 </context>
 <context>
+    <name>exportPDF</name>
+    <message>
+        <source>Filling report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drawing pipe graphics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Converting report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Converting report: %1%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engineer&apos;s Notes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downstream</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Upstream</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Observation [mDesignator%1]:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Photo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Page </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>external_control</name>
+    <message>
+        <source>Error:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to connect to ostra app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Note:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ostra App Stopped Responding Please Check Your Connection</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>menuDialog</name>
     <message>
         <source>Up/Down: choose   OK: select   ESC: back</source>
@@ -1616,10 +3055,6 @@
     <name>settingsnetwork</name>
     <message>
         <source>Wi-Fi Networks</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>OK: join the network   R: scan again   D: disconnect   PgUp/PgDn: other tabs</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1652,6 +3087,97 @@
     </message>
     <message>
         <source>Please Try Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK: join the network   R: scan again   D: disconnect   S: %1 password   PgUp/PgDn: tabs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>wcsectioninfopage2</name>
+    <message>
+        <source>WinCan Additional Section Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>key to save, ESC to exit, Page Up - previous, Page Down - next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drainage Area</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Contractor&apos;s Job Ref</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Construction Year</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exp. Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unit Length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Critical Drain/Sewer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Weather</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inspection Method</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Flow Control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lining Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Section Info Pressed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Is Section Info Complete?</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1991,6 +3517,10 @@
     </message>
     <message>
         <source>Would you like to save and continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Size (in)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -10,6 +10,12 @@
 
 namespace {
 constexpr int kShortFieldWidth = 140;
+// A short list still needs room for "Above Freezing (A)" on two lines.
+constexpr int kShortListWidth = 180;
+// Names go on two lines where they must, so the lists get the width; no word
+// of a name is wider than its column.
+constexpr int kNameWidth = 130;
+constexpr int kListNameWidth = 112;
 const QString kLengthMask = QStringLiteral("00009.90");
 } // namespace
 
@@ -43,8 +49,15 @@ wcsectioninfopage2::wcsectioninfopage2(QWidget *parent) : BaseInfo(parent)
     m_liningMaterial = addComboBox(right, tr("Lining Material"), QStringLiteral("PCDLiningMaterial"), QStringList());
     addComboBox(right, tr("Lining Type"), QStringLiteral("PCDLiningType"), WCFormLists::liningTypes());
 
-    for (int row = 0; row < left->rowCount(); ++row)
-        left->itemAt(row, QFormLayout::FieldRole)->widget()->setFixedWidth(kShortFieldWidth);
+    for (int row = 0; row < left->rowCount(); ++row) {
+        QWidget *field = left->itemAt(row, QFormLayout::FieldRole)->widget();
+        field->setFixedWidth(qobject_cast<P_ComboBox *>(field) ? kShortListWidth : kShortFieldWidth);
+        left->itemAt(row, QFormLayout::LabelRole)->widget()->setFixedWidth(kNameWidth);
+    }
+    for (int row = 0; row < right->rowCount(); ++row)
+        right->itemAt(row, QFormLayout::LabelRole)->widget()->setFixedWidth(kListNameWidth);
+    // Lists whose rows take two lines: the rows close up to keep the page on the screen.
+    right->setVerticalSpacing(0);
 
     year->setInputMask(QStringLiteral("0000"));
     m_expectedLength->setInputMask(kLengthMask);

@@ -12,6 +12,10 @@
 
 namespace {
 constexpr int kShortFieldWidth = 140;
+// A short list still needs room for "Not Known (Z)" on two lines.
+constexpr int kShortListWidth = 200;
+// Names go on two lines where they must, so the lists get the width.
+constexpr int kNameWidth = 130;
 constexpr int kSizeLength = 6;
 const QString kDepthMask = QStringLiteral("00009.90");
 } // namespace
@@ -49,8 +53,14 @@ WCSectionInfoV4::WCSectionInfoV4(QWidget *parent) : BaseInfo(parent)
     m_purpose = addComboBox(right, tr("Purpose"), QStringLiteral("PIDPurpose"), QStringList());
     addLineEdit(right, tr("Remarks"), QStringLiteral("PIDRemarks"));
 
-    for (int row = 0; row < left->rowCount(); ++row)
-        left->itemAt(row, QFormLayout::FieldRole)->widget()->setFixedWidth(kShortFieldWidth);
+    for (int row = 0; row < left->rowCount(); ++row) {
+        QWidget *field = left->itemAt(row, QFormLayout::FieldRole)->widget();
+        field->setFixedWidth(qobject_cast<P_ComboBox *>(field) ? kShortListWidth : kShortFieldWidth);
+    }
+    for (int row = 0; row < right->rowCount(); ++row)
+        right->itemAt(row, QFormLayout::LabelRole)->widget()->setFixedWidth(kNameWidth);
+    // Lists whose rows take two lines: the rows close up to keep the page on the screen.
+    right->setVerticalSpacing(0);
 
     m_startDepth->setInputMask(kDepthMask);
     m_endDepth->setInputMask(kDepthMask);

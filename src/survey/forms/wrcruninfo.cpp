@@ -105,6 +105,9 @@ wrcruninfo::wrcruninfo(QWidget *parent) : BaseInfo(parent)
     // The lists' names go on two lines where they must, so the rows can be read.
     for (int row = 0; row < right->rowCount(); ++row)
         right->itemAt(row, QFormLayout::LabelRole)->widget()->setFixedWidth(kListLabelWidth);
+    // Most of the lists' rows need two lines of their box: the rows close up to
+    // keep the page on the screen.
+    right->setVerticalSpacing(0);
 
     maskRunFields(m_date, m_time, m_size);
     connectSurveyKeys();

@@ -1,9 +1,16 @@
 #!/bin/sh
 # Finishes the running recording and returns once the file is complete; the
-# console reads the recording as done a second after starting this script.
+# console reads the recording as done a second after starting this script. The
+# record script, which runs as long as the recording, ends with it.
 set -eu
 . "${DUCTLINE_ROOT:-}/usr/local/lib/unitkit.sh"
 . "$ROOT/usr/local/lib/recorderkit.sh"
+
+# The console starts a resume and this stop together when the operator stops a
+# paused recording; the recorder hears the resume first. A recording asked for
+# just before has its recorder started, so there is something to stop.
+recorder_wait_earlier 100 pauseRecord.sh resumeRecord.sh
+recorder_wait_for_start 150
 
 if ! pid=$(recorder_pid); then
     unitkit_log "no recording to stop"
