@@ -189,9 +189,12 @@ void TestWinCanReport::sectionsAndInspectionsAreSummed()
     QVERIFY(f.html.contains(QStringLiteral("<td>Riverside Homes</td>")));
     QVERIFY(f.html.contains(QStringLiteral("<td>Dry</td>")));
     QVERIFY(f.html.contains(QStringLiteral("<td>Category B</td>")));
-    // Nothing of the templates' own words is left for the reader.
+    // Nothing of the templates' own words is left for the reader. Picture paths
+    // go first: a temporary folder's random name can look like a placeholder.
+    QString words = f.html;
+    words.remove(m_project.path()).remove(m_unit.root());
     static const QRegularExpression placeholder(QStringLiteral("\\bm(?:[A-Z][A-Za-z]+\\d?|flow)\\b"));
-    const QRegularExpressionMatch left = placeholder.match(f.html);
+    const QRegularExpressionMatch left = placeholder.match(words);
     QVERIFY2(!left.hasMatch(), qPrintable(left.captured()));
     QVERIFY(!f.html.contains(QStringLiteral("mDesignator")));
     QCOMPARE(f.jobs.size(), 2);
